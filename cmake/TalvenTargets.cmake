@@ -1,0 +1,41 @@
+# Compiler settings for every target, and talven_library(), which makes one library of one source folder.
+
+add_library(talven_options INTERFACE)
+if(MSVC)
+  target_compile_options(talven_options INTERFACE /W4 /WX /fp:precise /utf-8)
+else()
+  # No fused multiply-add: a pattern must have the same bytes whatever compiler and build type made the program.
+  target_compile_options(talven_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wfloat-conversion -Wsign-conversion -Werror -ffp-contract=off)
+endif()
+if(TALVEN_SANITIZE)
+  target_compile_options(talven_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  target_link_options(talven_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# talven_library(NAME FOLDER [LINK targets...])
+#
+# Makes the library NAME of all sources in src/FOLDER (not of its subfolders). Other targets see its headers as
+# "FOLDER/Header.h" only if they link to it: each library has an include directory of its own in the build tree, with
+# one forwarding header for each of its headers. So an include across folders that no link list allows does not compile.
+function(talven_library name folder)
+  cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+  set(directory ${PROJECT_SOURCE_DIR}/src/${folder})
+  file(GLOB sources CONFIGURE_DEPENDS ${directory}/*.cpp)
+  file(GLOB headers CONFIGURE_DEPENDS ${directory}/*.h)
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_windows\\.cpp$")
+  endif()
+  list(FILTER sources EXCLUDE REGEX "_main\\.cpp$")
+  set(include_root ${CMAKE_BINARY_DIR}/include/${name})
+  foreach(header IN LISTS headers)
+    get_filename_component(file_name ${header} NAME)
+    file(CONFIGURE OUTPUT ${include_root}/${folder}/${file_name} CONTENT "#include \"${header}\"\n" @ONLY)
+  endforeach()
+  add_library(${name} STATIC ${sources} ${headers})
+  target_include_directories(${name} PUBLIC ${include_root})
+  target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE talven_options)
+endfunction()

@@ -1,0 +1,56 @@
+#include "app/CommandLine.h"
+
+#include <ostream>
+
+#include "textio/FixedText.h"
+#include "ui/Toolkit.h"
+
+namespace talven {
+namespace {
+
+constexpr std::size_t kLongestJobName = 20;
+
+void PrintUsage(std::string_view program, std::ostream& stream) {
+  stream
+      << "usage: " << program
+      << " [JOB DRIVE [MOLPAK]]\n"
+         "\n"
+         "  JOB     name of the job, at most 20 characters: its files are JOB.INS, JOB.HKL and so on\n"
+         "  DRIVE   drive letter of the installation, as C or C:\n"
+         "  MOLPAK  runs option 5 once, with fixed settings and no questions\n"
+         "\n"
+         "Without arguments the job and its directory are asked for. With a job the working directory is the one in\n"
+         "the directory file DRIVE:\\exe\\VELDOR\\DIR.DEF, which every start without arguments rewrites.\n"
+         "\n"
+         "  --help     prints this text\n"
+         "  --version  prints the version\n";
+}
+
+}  // namespace
+
+std::vector<std::string> CommandArguments(int argc, const char* const* argv) {
+  std::vector<std::string> arguments;
+  for (int i = 0; i < argc; ++i)
+    if (i == 0 || *argv[i] != '\0') arguments.emplace_back(argv[i]);
+  return arguments;
+}
+
+std::optional<int> AnswerCommandLine(std::string_view program, const std::vector<std::string>& arguments,
+                                     std::ostream& output, std::ostream& messages) {
+  if (arguments.size() == 2 && arguments[1] == "--help") {
+    PrintUsage(program, output);
+    return kExitNormal;
+  }
+  if (arguments.size() == 2 && arguments[1] == "--version") {
+    output << program << ' ' << TALVEN_VERSION << '\n';
+    return kExitNormal;
+  }
+  if (arguments.size() >= 2 && TrimRight(arguments[1]).size() > kLongestJobName) {
+    messages << program << ": job name longer than 20 characters: " << arguments[1] << '\n';
+    PrintUsage(program, messages);
+    return kExitRefused;
+  }
+  return std::nullopt;
+}
+
+}  // namespace talven

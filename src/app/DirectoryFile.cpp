@@ -1,0 +1,47 @@
+#include "app/DirectoryFile.h"
+
+#include <system_error>
+
+#include "textio/FileNames.h"
+#include "textio/FixedText.h"
+#include "textio/InputFile.h"
+#include "textio/OutputFile.h"
+
+namespace talven {
+namespace {
+
+std::string FileName(char drive_letter) {
+  return drive_letter + std::string(":\\exe\\VELDOR\\DIR.DEF");
+}
+
+std::string ReadDirectory(InputFile& file) {
+  return std::string(TrimRight(file.RequireLine("a line with the working directory")));
+}
+
+}  // namespace
+
+std::optional<std::string> ReadDirectoryFile(char drive_letter) {
+  InputFile file;
+  if (!file.Open(FileName(drive_letter))) return std::nullopt;
+  return ReadDirectory(file);
+}
+
+std::string RequireDirectoryFile(char drive_letter) {
+  InputFile file;
+  file.OpenRequired(FileName(drive_letter));
+  return ReadDirectory(file);
+}
+
+void WriteDirectoryFile(char drive_letter, std::string_view directory) {
+  const std::string name = FileName(drive_letter);
+  std::error_code error;
+  if (const auto path = FindForWriting(name)) std::filesystem::create_directories(path->parent_path(), error);
+  OutputFile file;
+  file.Open(name);
+  std::string line(directory);
+  if (line.size() < 80) line.resize(80, ' ');
+  file.WriteLine(line);
+  file.Close();
+}
+
+}  // namespace talven

@@ -1,0 +1,98 @@
+#include "app/Driver.h"
+
+#include <array>
+
+#include "app/StartUp.h"
+#include "simulation/SimulatePattern.h"
+#include "ui/forms/FormCatalogue.h"
+
+namespace talven {
+namespace {
+
+constexpr int kFirstOptionField = 1006;
+constexpr int kCompareField = 1015;
+constexpr std::int32_t kUnattendedOption = 5;
+
+void SimulateFromHkl(Ui& ui, Program& program) {
+  SimulatePattern(ui, program.run, program.simulation, 0, program.run.Properties);
+}
+void SimulateFromFcf(Ui& ui, Program& program) {
+  SimulatePattern(ui, program.run, program.simulation, 1, program.run.Properties);
+}
+void WriteHklFromFcf(Ui& ui, Program& program) {
+  FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
+}
+
+/// Handlers by option number. An option without a handler goes back to the form.
+using Handler = void (*)(Ui&, Program&);
+constexpr std::array<Handler, 9> kHandlers = {
+    SimulateFromHkl,  // 1  HKL to ING, CPI, XY, PAT
+    nullptr,          // 2  CIF to ING
+    nullptr,          // 3  ING to CIF
+    nullptr,          // 4  reformat ING
+    nullptr,          // 5  INS to ING or DUMMY.HKL
+    WriteHklFromFcf,  // 6  FCF to HKL
+    SimulateFromFcf,  // 7  FCF to ING, CPI, XY, PAT
+    nullptr,          // 8  ING to ASCII
+    nullptr,          // 9  XY to ING
+};
+
+struct Choice {
+  std::int32_t option = 1;
+  bool compare = false;
+  bool leave = false;
+};
+
+Choice AskOption(Toolkit& toolkit) {
+  Choice choice;
+  toolkit.WDialogLoad(kOptionForm);
+  toolkit.WDialogSelect(kOptionForm);
+  toolkit.WDialogShow(-1, -1, 0, kModal);
+  choice.option = toolkit.WDialogGetRadioButton(kFirstOptionField);
+  choice.compare = toolkit.WDialogGetCheckBox(kCompareField) == 1;
+  toolkit.WDialogUnload(kOptionForm);
+  toolkit.WGrAreaClear();
+  choice.leave = toolkit.WDialogQuery(kExitButtonQuery) != kOkButton;
+  return choice;
+}
+
+void RunOptions(Ui& ui, Program& program) {
+  RunState& run = program.run;
+  while (run.RunMode != 2 && run.AutoState != 2) {
+    Choice choice{.option = kUnattendedOption};
+    if (run.RunMode == 0) {
+      choice = AskOption(ui.toolkit);
+      if (choice.compare) {
+        ui.toolkit.WGrAreaClear();
+        continue;
+      }
+      if (choice.leave) return;
+    }
+    run.StopFlag = 0;
+    const Handler handler = kHandlers.at(static_cast<std::size_t>(choice.option - 1));
+    if (handler == nullptr && run.RunMode != 0) return;
+    if (handler != nullptr) handler(ui, program);
+    if (run.StopFlag == 1) return;
+  }
+}
+
+/// Starts at most one program: the viewer after an automatic run, else the suite if it started this one.
+int Leave(Ui& ui, const RunState& run, std::int32_t first_argument_length) {
+  const std::string exe = run.DriveLetter + std::string(":\\exe\\");
+  const std::string job(run.TrimmedJobName());
+  if (run.AutoState > 0 && run.RunMode == 0)
+    return ui.toolkit.IOsExecute(exe + "kestra.exe " + job + " " + run.DriveLetter + ":");
+  ui.toolkit.WindowClose();
+  if (first_argument_length > 0 && run.RunMode == 0) return ui.toolkit.IOsExecute(exe + "mirade.exe  " + job);
+  return kExitNormal;
+}
+
+}  // namespace
+
+int RunDriver(Ui& ui, Program& program) {
+  const std::int32_t first_argument_length = StartUp(ui, program.run);
+  RunOptions(ui, program);
+  return Leave(ui, program.run, first_argument_length);
+}
+
+}  // namespace talven

@@ -1,0 +1,12 @@
+// talven-console: the program on a terminal.
+
+#include <iostream>
+
+#include "app/CommandLine.h"
+#include "app/console/ConsoleProgram.h"
+#include "ui/console/Terminal.h"
+
+int main(int argc, char** argv) {
+  return talven::RunConsole(talven::CommandArguments(argc, argv),
+                            {std::cin, std::cout, std::cerr, talven::IsTerminalInput()});
+}

@@ -1,0 +1,33 @@
+// Reciprocal cell, Bragg angles and the class of a cell.
+#pragma once
+
+#include <cstdint>
+
+#include "simulation/UnitCell.h"
+
+namespace talven {
+
+/// Fills in the reciprocal lengths and angles of a cell that has its cosines and volume.
+void DeriveReciprocalCell(UnitCell& cell);
+
+/// sin theta from which on a reflection counts as beyond reach, at about 143.6 degrees of 2theta.
+inline constexpr float kLargestSinTheta = 0.95F;
+
+struct BraggAngle {
+  float SinTheta = 0.0F;
+  /// Degrees.
+  float TwoTheta = 0.0F;
+};
+
+/// The angle of h k l by Bragg's law, sin theta = wavelength / 2d. 2theta is not-a-number where sin theta passes 1.
+BraggAngle ComputeTwoTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l);
+
+/// 2theta in degrees of a sin theta.
+float TwoThetaOf(float sin_theta);
+
+/// The class of a cell by its lengths (within 5 % of a) and its angles (within the tolerance, degrees): 1 none of the
+/// others, 2 monoclinic, 3 orthorhombic, 4 tetragonal, 5 cubic; 6, 7, 11, 21 and 23 for mixed cases. The test of 120
+/// degrees is on beta on purpose, so a hexagonal cell in the usual setting has class 1.
+std::int32_t ClassifyCell(const UnitCell& cell, double tolerance);
+
+}  // namespace talven

@@ -1,0 +1,101 @@
+#include "simulation/ReflectionSource.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "simulation/CellGeometry.h"
+#include "textio/FieldInput.h"
+#include "textio/FixedText.h"
+#include "textio/List4Row.h"
+#include "textio/Record.h"
+
+namespace talven {
+namespace {
+
+constexpr std::int32_t kList4Tokens = 7;
+
+struct ReflectionRow {
+  std::int32_t H = 0;
+  std::int32_t K = 0;
+  std::int32_t L = 0;
+  float F2 = 0.0F;
+  float Sigma = 0.0F;
+};
+
+std::optional<ReflectionRow> ReadRow(std::string_view line, std::string_view f2_field, std::string_view sigma_field) {
+  const auto h = ReadI(Columns(line, 1, 4));
+  const auto k = ReadI(Columns(line, 5, 8));
+  const auto l = ReadI(Columns(line, 9, 12));
+  const auto f2 = ReadF(f2_field, 0);
+  const auto sigma = ReadF(sigma_field, 0);
+  if (!h || !k || !l || !f2 || !sigma) return std::nullopt;
+  return ReflectionRow{*h, *k, *l, *f2, *sigma};
+}
+
+std::optional<ReflectionRow> ReadHklRow(std::string_view line) {
+  return ReadRow(line, Columns(line, 13, 20), Columns(line, 21, 28));
+}
+
+std::optional<ReflectionRow> ReadFcfRow(std::string_view line) {
+  if (const auto wide = ReadWideList4Row(line))
+    return ReflectionRow{wide->H, wide->K, wide->L, wide->MeasuredF2, wide->Sigma};
+  if (!ReadF(Columns(line, 13, 24), 0)) return std::nullopt;
+  return ReadRow(line, Columns(line, 25, 36), Columns(line, 37, 46));
+}
+
+/// True for a line that is no row: a comment, or in an FCF file one with another number of texts than a row has.
+bool IsPassedOver(std::string_view line, bool is_fcf) {
+  if (line.starts_with('#')) return true;
+  return is_fcf && CountLineTokens(line) != kList4Tokens;
+}
+
+void Widen(IndexRange& range, std::int32_t axis, std::int32_t index) {
+  range.IndexMin[axis] = std::min(range.IndexMin[axis], index);
+  range.IndexMax[axis] = std::max(range.IndexMax[axis], index);
+}
+
+void StoreRow(ReflectionList& list, std::int32_t slot, const ReflectionRow& row, float two_theta) {
+  list.H[slot] = row.H;
+  list.K[slot] = row.K;
+  list.L[slot] = row.L;
+  list.F2[slot] = row.F2 < row.Sigma ? 0.0F : row.F2;
+  list.TwoTheta[slot] = two_theta;
+}
+
+bool IsWithin(const BraggAngle& angle, const ReflectionLimits& limits) {
+  if (angle.SinTheta >= kLargestSinTheta) return false;
+  return !(limits.TwoThetaMax > 0.0001 && angle.TwoTheta > limits.TwoThetaMax);
+}
+
+}  // namespace
+
+std::int32_t CountLineTokens(std::string_view line) {
+  const std::string_view seen = line.substr(0, 80);
+  std::int32_t count = 0;
+  for (std::size_t i = 1; i < seen.size(); ++i)
+    if (seen[i - 1] == ' ' && static_cast<unsigned char>(seen[i]) > ',') ++count;
+  return count;
+}
+
+void ReadReflectionSource(Ui& ui, InputFile& source, bool is_fcf, const UnitCell& cell, const ReflectionLimits& limits,
+                          ReflectionList& list, IndexRange& range) {
+  std::int32_t count = 0;
+  std::string_view line;
+  while (count < kReflectionLimit && source.ReadLine(line)) {
+    if (IsPassedOver(line, is_fcf)) continue;
+    const auto row = is_fcf ? ReadFcfRow(line) : ReadHklRow(line);
+    if (!row || (row->H == 0 && row->K == 0 && row->L == 0)) break;
+    // Rows rejected below count here too.
+    Widen(range, 1, row->H);
+    Widen(range, 2, row->K);
+    Widen(range, 3, row->L);
+    const BraggAngle angle = ComputeTwoTheta(cell, limits.Wavelength, row->H, row->K, row->L);
+    if (!IsWithin(angle, limits)) continue;
+    StoreRow(list, ++count, *row, angle.TwoTheta);
+  }
+  if (count == kReflectionLimit) ui.ShowMessage(kReflectionLimitMessage);
+  list.ReflectionCount = count;
+  ui.ShowLine(Record().A("   Reflections read ").I(count, 12).Text());
+}
+
+}  // namespace talven

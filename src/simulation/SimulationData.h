@@ -1,0 +1,20 @@
+// Everything that a simulation works on. It lives as long as the process and keeps its contents from run to run, but
+// for what a run sets itself.
+#pragma once
+
+#include "simulation/PatternGrid.h"
+#include "simulation/ProfileSynthesis.h"
+#include "simulation/ReflectionList.h"
+#include "simulation/UnitCell.h"
+
+namespace talven {
+
+struct SimulationData {
+  UnitCell cell;
+  ReflectionList list;
+  IndexRange range;
+  PatternGrid grid;
+  SynthesisData synthesis;
+};
+
+}  // namespace talven

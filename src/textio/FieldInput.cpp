@@ -1,0 +1,153 @@
+#include "textio/FieldInput.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string>
+
+#include "textio/FixedText.h"
+
+namespace talven {
+namespace {
+
+constexpr bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+std::string WithoutBlanks(std::string_view field) {
+  std::string text;
+  for (const char c : field)
+    if (c != ' ') text += c;
+  return text;
+}
+
+/// The parts of a written number. `mantissa` holds its digits and point, `exponent` the digits behind the letter.
+struct WrittenNumber {
+  bool negative = false;
+  std::string_view mantissa;
+  bool has_point = false;
+  int exponent = 0;
+};
+
+/// Reads the exponent part, which begins at a letter or a sign. Beyond 9999 it stays there: that decides the value.
+std::optional<int> ReadExponent(std::string_view text) {
+  if (std::string_view("EeDdQq").find(text.front()) != std::string_view::npos) text.remove_prefix(1);
+  bool negative = false;
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+    negative = text.front() == '-';
+    text.remove_prefix(1);
+  }
+  if (text.empty()) return std::nullopt;
+  int exponent = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return std::nullopt;
+    if (exponent < 10000) exponent = exponent * 10 + (c - '0');
+  }
+  return negative ? -exponent : exponent;
+}
+
+std::optional<WrittenNumber> SplitNumber(std::string_view text) {
+  WrittenNumber number;
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+    number.negative = text.front() == '-';
+    text.remove_prefix(1);
+  }
+  std::size_t length = 0;
+  std::size_t digits = 0;
+  for (; length < text.size(); ++length) {
+    if (text[length] == '.') {
+      if (number.has_point) return std::nullopt;
+      number.has_point = true;
+    } else if (IsDigit(text[length])) {
+      ++digits;
+    } else {
+      break;
+    }
+  }
+  if (digits == 0) return std::nullopt;
+  number.mantissa = text.substr(0, length);
+  if (length < text.size()) {
+    const char c = text[length];
+    if (c != '+' && c != '-' && std::string_view("EeDdQq").find(c) == std::string_view::npos) return std::nullopt;
+    const auto exponent = ReadExponent(text.substr(length));
+    if (!exponent) return std::nullopt;
+    number.exponent = *exponent;
+  }
+  return number;
+}
+
+/// The conversion proper, of text in the plain notation of <charconv>.
+template <typename Real>
+std::optional<Real> Convert(std::string_view text) {
+  Real value{};
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ptr != text.data() + text.size()) return std::nullopt;
+  if (result.ec == std::errc()) return value;
+  if (result.ec != std::errc::result_out_of_range) return std::nullopt;
+  // Too small a magnitude is zero; too large a one is no stored real. The order of the first digit tells which.
+  const auto number = SplitNumber(text);
+  if (!number) return std::nullopt;
+  const auto first_digit = static_cast<int>(number->mantissa.find_first_not_of("0."));
+  const auto point = static_cast<int>(std::min(number->mantissa.find('.'), number->mantissa.size()));
+  if (number->exponent + point - first_digit > 0) return std::nullopt;
+  return number->negative ? -Real{} : Real{};
+}
+
+template <typename Real>
+std::optional<Real> ReadScaled(std::string_view text, int implied_decimals) {
+  const auto number = SplitNumber(text);
+  if (!number) return std::nullopt;
+  std::string plain = number->negative ? "-" : "";
+  plain += number->mantissa;
+  plain += 'e';
+  plain += std::to_string(number->exponent - (number->has_point ? 0 : implied_decimals));
+  return Convert<Real>(plain);
+}
+
+/// True for a number that <charconv> reads as it stands.
+bool IsPlain(std::string_view text) {
+  if (!text.empty() && text.front() == '-') text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of("0123456789.") == std::string_view::npos;
+}
+
+}  // namespace
+
+std::optional<std::int32_t> ReadI(std::string_view field) {
+  bool negative = false;
+  bool signed_field = false;
+  int digits = 0;
+  std::int64_t value = 0;
+  for (const char c : field) {
+    if (c == ' ') continue;
+    if (IsDigit(c)) {
+      ++digits;
+      value = value * 10 + (c - '0');
+      if (value > std::int64_t{1} << 31) return std::nullopt;
+    } else if ((c == '-' || c == '+') && !signed_field && digits == 0) {
+      signed_field = true;
+      negative = c == '-';
+    } else {
+      return std::nullopt;
+    }
+  }
+  if (signed_field && digits == 0) return std::nullopt;
+  if (negative) value = -value;
+  if (value == std::int64_t{1} << 31) return std::nullopt;
+  return static_cast<std::int32_t>(value);
+}
+
+std::optional<float> ReadF(std::string_view field, int decimals) {
+  const std::string_view text = Trim(field);
+  if (text.empty()) return 0.0F;
+  if (IsPlain(text) && (decimals == 0 || text.find('.') != std::string_view::npos)) return Convert<float>(text);
+  return ReadScaled<float>(WithoutBlanks(text), decimals);
+}
+
+template <typename Real>
+std::optional<Real> ReadReal(std::string_view token) {
+  if (IsPlain(token)) return Convert<Real>(token);
+  return ReadScaled<Real>(token, 0);
+}
+template std::optional<float> ReadReal<float>(std::string_view);
+template std::optional<double> ReadReal<double>(std::string_view);
+
+}  // namespace talven

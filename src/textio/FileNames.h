@@ -1,0 +1,35 @@
+// File names as users and other programs write them, and the files that they mean.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace talven {
+
+/// The text of a name or directory as the operating system's path; text is UTF-8 where the system cares.
+std::filesystem::path ToPath(std::string_view name);
+std::string FromPath(const std::filesystem::path& path);
+
+/// Where a name on a drive lies. On systems without drive letters `C:\exe\DIR.DEF` is
+/// `<data home>/talven/drives/c/exe/DIR.DEF`, and `/` in the place of the letter stands for `C`. The data home is
+/// $XDG_DATA_HOME, else $HOME/.local/share. Nothing for a drive that is no letter, or without a data home. A name that
+/// has no drive, and every name on Windows, comes back as it is.
+std::optional<std::filesystem::path> NativePath(std::string_view name);
+
+/// The existing file or folder that a name means: the exact name first, then one that differs in case only (the first
+/// in sorted order), in every part of the path. Nothing if there is none.
+std::optional<std::filesystem::path> FindExisting(std::string_view name);
+
+/// The file to write for a name: the existing one under any spelling, else the name as it stands, below the folders
+/// that exist under any spelling. Nothing for a drive that is none.
+std::optional<std::filesystem::path> FindForWriting(std::string_view name);
+
+/// Copies a file, replacing what is there; false if that failed.
+bool CopyExisting(std::string_view from, std::string_view to);
+
+/// Deletes a file; a file that is not there is no error.
+void DeleteExisting(std::string_view name);
+
+}  // namespace talven

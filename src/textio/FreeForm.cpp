@@ -1,0 +1,133 @@
+#include "textio/FreeForm.h"
+
+#include <optional>
+#include <string>
+
+#include "textio/FieldInput.h"
+
+namespace talven {
+namespace {
+
+/// The next text between separators, taken off the front of `rest`; empty at its end.
+std::string_view NextToken(std::string_view& rest) {
+  constexpr std::string_view kSeparators = " ,\t\r/";
+  const std::size_t first = rest.find_first_not_of(kSeparators);
+  if (first == std::string_view::npos) return {};
+  rest.remove_prefix(first);
+  const std::string_view token = rest.substr(0, rest.find_first_of(kSeparators));
+  rest.remove_prefix(token.size());
+  return token;
+}
+
+template <typename Number>
+std::optional<Number> Convert(std::string_view token) {
+  if constexpr (std::is_same_v<Number, float>) {
+    return ReadReal<float>(token);
+  } else {
+    return ReadI(token);
+  }
+}
+
+/// Fills `values` from the front of a text. Gives how many were stored; `bad` is the token that is no number, if any.
+template <typename Number>
+std::size_t TakeNumbers(std::string_view text, std::span<Number> values, std::string_view& bad) {
+  std::size_t count = 0;
+  while (count < values.size()) {
+    const std::string_view token = NextToken(text);
+    if (token.empty()) break;
+    const auto value = Convert<Number>(token);
+    if (!value) {
+      bad = token;
+      break;
+    }
+    values[count++] = *value;
+  }
+  return count;
+}
+
+template <typename Number>
+ReadStatus ReadNumbers(InputFile& file, std::span<Number> values, std::string_view& bad) {
+  while (!values.empty()) {
+    std::string_view line;
+    if (!file.ReadLine(line)) return ReadStatus::kEndOfFile;
+    values = values.subspan(TakeNumbers(line, values, bad));
+    if (!bad.empty()) return ReadStatus::kMalformed;
+  }
+  return ReadStatus::kOk;
+}
+
+template <typename Number>
+void RequireNumbers(InputFile& file, std::span<Number> values, std::string_view what) {
+  std::string_view bad;
+  const ReadStatus status = ReadNumbers(file, values, bad);
+  if (status == ReadStatus::kOk) return;
+  file.Fail(what, status == ReadStatus::kEndOfFile ? "end of file" : Quote(bad));
+}
+
+template <typename Number>
+void ParseNumbers(const InputFile& file, std::string_view text, std::span<Number> values, std::string_view what) {
+  std::string_view bad;
+  const std::size_t count = TakeNumbers(text, values, bad);
+  if (count == values.size()) return;
+  const std::string expected =
+      std::to_string(values.size()) + (values.size() == 1 ? " number " : " numbers ") + std::string(what);
+  file.Fail(expected, bad.empty() ? std::to_string(count) : Quote(bad));
+}
+
+}  // namespace
+
+ReadStatus ReadReals(InputFile& file, std::span<float> values) {
+  std::string_view bad;
+  return ReadNumbers(file, values, bad);
+}
+
+void RequireReals(InputFile& file, std::span<float> values, std::string_view what) {
+  RequireNumbers(file, values, what);
+}
+
+std::int32_t RequireWholeNumber(InputFile& file, std::string_view what) {
+  std::int32_t value = 0;
+  RequireNumbers(file, std::span(&value, 1), what);
+  return value;
+}
+
+void ParseReals(const InputFile& file, std::string_view text, std::span<float> values, std::string_view what) {
+  ParseNumbers(file, text, values, what);
+}
+
+void ParseWholeNumbers(const InputFile& file, std::string_view text, std::span<std::int32_t> values,
+                       std::string_view what) {
+  ParseNumbers(file, text, values, what);
+}
+
+void FreeFormLine::MakeRoom(std::size_t width) {
+  constexpr std::size_t kLastColumn = 81;
+  if (record_.Text().size() == 1 || record_.Text().size() + width <= kLastColumn) return;
+  End();
+}
+
+FreeFormLine& FreeFormLine::Text(std::string_view text) {
+  MakeRoom(text.size());
+  record_.A(text);
+  return *this;
+}
+
+FreeFormLine& FreeFormLine::Integer(std::int64_t value) {
+  MakeRoom(12);
+  record_.I(value, 12);
+  return *this;
+}
+
+FreeFormLine& FreeFormLine::Real(double value) {
+  MakeRoom(15);
+  record_.G(value);
+  return *this;
+}
+
+void FreeFormLine::End() {
+  file_.WriteLine(record_);
+  record_.Clear();
+  record_.X(1);
+}
+
+}  // namespace talven

@@ -1,0 +1,86 @@
+#include "textio/InputFile.h"
+
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "textio/FatalIoError.h"
+#include "textio/FileNames.h"
+#include "textio/FixedText.h"
+
+namespace talven {
+namespace {
+
+/// Reads a stream to its end; false if the system reports an error on the way.
+bool ReadWhole(std::ifstream& stream, std::uintmax_t expected_size, std::string& content) {
+  content.resize(static_cast<std::size_t>(expected_size));
+  stream.read(content.data(), static_cast<std::streamsize>(content.size()));
+  content.resize(static_cast<std::size_t>(stream.gcount()));
+  // A file that tells no size, or has grown since, goes on behind it.
+  if (stream) content.append(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+  return !stream.bad();
+}
+
+}  // namespace
+
+bool InputFile::Open(std::string_view name) {
+  Close();
+  name_ = TrimRight(name);
+  const auto path = FindExisting(name_);
+  std::error_code error;
+  if (!path || std::filesystem::is_directory(*path, error)) return false;
+  std::ifstream stream(*path, std::ios::binary);
+  if (!stream) return false;
+  const std::uintmax_t size = std::filesystem::file_size(*path, error);
+  if (!ReadWhole(stream, error ? 0 : size, content_)) throw FatalIoError(name_ + ": cannot be read");
+  Rewind();
+  return true;
+}
+
+void InputFile::OpenRequired(std::string_view name) {
+  if (!Open(name)) throw FatalIoError(name_ + ": cannot be opened: expected an existing file, found none");
+}
+
+void InputFile::Close() {
+  content_.clear();
+  content_.shrink_to_fit();
+  position_ = 0;
+  line_number_ = 0;
+}
+
+bool InputFile::ReadLine(std::string_view& line) {
+  if (position_ >= content_.size()) return false;
+  const std::string_view rest = std::string_view(content_).substr(position_);
+  const std::size_t end = rest.find('\n');
+  line = rest.substr(0, end);
+  position_ = end == std::string_view::npos ? content_.size() : position_ + end + 1;
+  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  ++line_number_;
+  return true;
+}
+
+std::string_view InputFile::RequireLine(std::string_view expected) {
+  std::string_view line;
+  if (!ReadLine(line)) {
+    ++line_number_;
+    Fail(expected, "end of file");
+  }
+  return line;
+}
+
+void InputFile::Rewind() {
+  position_ = content_.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+  line_number_ = 0;
+}
+
+void InputFile::Fail(std::string_view expected, std::string_view found) const {
+  FailAtLine(name_, line_number_, expected, found);
+}
+
+std::string Quote(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text.substr(0, 40)) quoted += c >= ' ' && c <= '~' ? c : '?';
+  return quoted + (text.size() > 40 ? "...\"" : "\"");
+}
+
+}  // namespace talven

@@ -1,0 +1,79 @@
+#include "textio/OutputFile.h"
+
+#include <cerrno>
+#include <system_error>
+
+#include "textio/FatalIoError.h"
+#include "textio/FileNames.h"
+#include "textio/FixedText.h"
+
+namespace talven {
+namespace {
+
+constexpr std::size_t kBufferSize = 64 * 1024;
+
+}  // namespace
+
+OutputFile::~OutputFile() {
+  if (stream_.is_open()) stream_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+}
+
+void OutputFile::Open(std::string_view name) {
+  if (stream_.is_open()) Close();
+  name_ = TrimRight(name);
+  const auto path = FindForWriting(name_);
+  if (!path) throw FatalIoError(name_ + ": cannot be opened for writing: there is no such drive");
+  path_ = *path;
+  stream_.rdbuf()->pubsetbuf(nullptr, 0);  // Lines are gathered here, so the stream needs no buffer of its own.
+  buffer_.reserve(kBufferSize + 1024);
+  OpenReplacing();
+}
+
+void OutputFile::OpenReplacing() {
+  errno = 0;
+  stream_.open(path_, std::ios::binary | std::ios::trunc);
+  if (!stream_) Fail("cannot be opened for writing");
+}
+
+void OutputFile::WriteLine(std::string_view line) {
+  buffer_.append(line);
+  buffer_.push_back('\n');
+  if (buffer_.size() >= kBufferSize) Flush();
+}
+
+void OutputFile::Flush() {
+  errno = 0;
+  stream_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+  stream_.flush();
+  buffer_.clear();
+  if (!stream_) Fail("cannot be written");
+}
+
+void OutputFile::Rewind() {
+  buffer_.clear();
+  stream_.close();
+  OpenReplacing();
+}
+
+void OutputFile::Close() {
+  if (!stream_.is_open()) return;
+  Flush();
+  stream_.close();
+  if (!stream_) Fail("cannot be closed");
+}
+
+void OutputFile::CloseAndDelete() {
+  buffer_.clear();
+  stream_.close();
+  std::error_code error;
+  std::filesystem::remove(path_, error);
+}
+
+void OutputFile::Fail(std::string_view what) const {
+  const int code = errno;
+  std::string text = name_ + ": " + std::string(what);
+  if (code != 0) text += ": " + std::generic_category().message(code);
+  throw FatalIoError(text);
+}
+
+}  // namespace talven

@@ -1,0 +1,42 @@
+// The one way in which files are written: buffered, with LF line ends, every write checked.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "textio/Record.h"
+
+namespace talven {
+
+/// A text file that replaces any file of its name. All functions throw FatalIoError if the system refuses.
+class OutputFile {
+ public:
+  OutputFile() = default;
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+  /// Writes out what is left without a further check: after a fatal error files stay as far as they came.
+  ~OutputFile();
+
+  void Open(std::string_view name);
+  bool IsOpen() const { return stream_.is_open(); }
+  void WriteLine(std::string_view line);
+  void WriteLine(const Record& record) { WriteLine(record.Text()); }
+  /// Goes back to the start, and drops what was written: the next line is the first again.
+  void Rewind();
+  void Close();
+  void CloseAndDelete();
+
+ private:
+  void OpenReplacing();
+  void Flush();
+  [[noreturn]] void Fail(std::string_view what) const;
+
+  std::string name_;
+  std::filesystem::path path_;
+  std::ofstream stream_;
+  std::string buffer_;
+};
+
+}  // namespace talven

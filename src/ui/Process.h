@@ -1,0 +1,29 @@
+// Starting other programs. A command is composed as `C:\exe\kestra.exe ABC C:`: a program's name without blanks, then
+// its arguments.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace talven {
+
+struct Command {
+  /// Path of the program that exists.
+  std::string program;
+  std::vector<std::string> arguments;
+};
+
+/// Takes a composed command apart and looks for its program without regard to case, then without its `.exe`. Nothing
+/// if there is no such program.
+std::optional<Command> FindCommand(std::string_view command);
+
+/// Starts a program that goes on by itself, with no terminal. False if it could not be started.
+bool StartDetached(std::string_view command);
+
+/// Starts a program and gives its exit code (128 and more after a signal), or nothing if it could not be started. It
+/// gets no input, and what it prints goes to this process's standard error.
+std::optional<int> RunAndWait(std::string_view command);
+
+}  // namespace talven

@@ -1,0 +1,59 @@
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "ui/Process.h"
+
+extern char** environ;
+
+namespace talven {
+namespace {
+
+/// Starts a program whose standard input is empty. Nothing if that failed.
+std::optional<pid_t> Spawn(const Command& command, bool detached) {
+  posix_spawn_file_actions_t actions;
+  posix_spawnattr_t attributes;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawnattr_init(&attributes);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  if (detached) {
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+  } else {
+    posix_spawn_file_actions_adddup2(&actions, STDERR_FILENO, STDOUT_FILENO);
+  }
+  std::vector<char*> argv;
+  argv.push_back(const_cast<char*>(command.program.c_str()));
+  for (const std::string& argument : command.arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+  pid_t child = 0;
+  const int error = posix_spawn(&child, command.program.c_str(), &actions, &attributes, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  posix_spawnattr_destroy(&attributes);
+  if (error != 0) return std::nullopt;
+  return child;
+}
+
+}  // namespace
+
+bool StartDetached(std::string_view command) {
+  const auto found = FindCommand(command);
+  return found && Spawn(*found, true).has_value();
+}
+
+std::optional<int> RunAndWait(std::string_view command) {
+  const auto found = FindCommand(command);
+  if (!found) return std::nullopt;
+  const auto child = Spawn(*found, false);
+  if (!child) return std::nullopt;
+  int status = 0;
+  while (waitpid(*child, &status, 0) < 0)
+    if (errno != EINTR) return std::nullopt;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+}  // namespace talven

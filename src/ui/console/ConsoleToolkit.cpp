@@ -1,0 +1,83 @@
+#include "ui/console/ConsoleToolkit.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+#include "textio/FatalIoError.h"
+#include "textio/FileNames.h"
+#include "textio/FixedText.h"
+#include "ui/Process.h"
+#include "ui/console/FormDialogue.h"
+
+namespace talven {
+namespace {
+
+bool EqualsIgnoringCase(std::string_view answer, std::string_view button) {
+  return answer.size() == button.size() && std::equal(answer.begin(), answer.end(), button.begin(),
+                                                      [](char a, char b) { return (a | 0x20) == (b | 0x20); });
+}
+
+}  // namespace
+
+ConsoleToolkit::ConsoleToolkit(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
+                               std::ostream& messages, bool is_interactive)
+    : Toolkit(arguments), output_(output), messages_(messages), answers_(input, messages, is_interactive) {}
+
+void ConsoleToolkit::WGrTextAt(float /*x*/, float /*y*/, std::string_view text) {
+  output_ << TrimRight(text) << std::endl;
+  if (!output_) throw FatalIoError("standard output: cannot be written");
+}
+
+std::optional<int> ConsoleToolkit::IOsCommand(std::string_view command, int flags) {
+  if ((flags & kWait) != 0) return RunAndWait(command);
+  return StartDetached(command) ? std::optional(0) : std::nullopt;
+}
+
+int ConsoleToolkit::RunForm(FormState& form) {
+  PrintForm(form, messages_);
+  while (const auto answer = answers_.Next(AnswerReader::BlankLines::kSkip)) {
+    const FormAnswer outcome = AnswerForm(form, *answer);
+    if (outcome.button) return *outcome.button;
+    if (!outcome.refusal.empty()) answers_.Refuse(*answer, outcome.refusal);
+  }
+  return ButtonAtEnd(form);
+}
+
+int ConsoleToolkit::AskMessage(const Message& message) {
+  std::string_view rest = message.text;
+  while (true) {
+    const std::size_t end = rest.find('\r');
+    messages_ << "[message] " << rest.substr(0, end) << std::endl;
+    if (end == std::string_view::npos) break;
+    rest.remove_prefix(end + 1);
+  }
+  const std::vector<MessageButton> buttons = MessageButtons(message.type);
+  if (buttons.size() == 1) return buttons.front().answer;
+  std::string wanted;
+  for (const MessageButton& button : buttons)
+    wanted += (wanted.empty() ? "expected " : " or ") + std::string(button.text);
+  while (const auto answer = answers_.Next(AnswerReader::BlankLines::kSkip)) {
+    for (const MessageButton& button : buttons)
+      if (EqualsIgnoringCase(Trim(*answer), button.text)) return button.answer;
+    answers_.Refuse(*answer, wanted);
+  }
+  return buttons.back().answer;
+}
+
+std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
+  messages_ << "[file] " << TrimRight(request.title) << std::endl;
+  while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
+    if (answer->empty() || *answer == "cancel") return std::nullopt;
+    std::error_code error;
+    auto path = std::filesystem::absolute(FindForWriting(*answer).value_or(ToPath(*answer)), error);
+    if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name);
+    path = path.lexically_normal();
+    if (std::filesystem::is_directory(path.parent_path(), error)) return FromPath(path);
+    answers_.Refuse(*answer, "expected the path of a file or folder whose folder exists, a blank line or cancel");
+  }
+  return std::nullopt;
+}
+
+}  // namespace talven

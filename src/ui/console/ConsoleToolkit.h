@@ -1,0 +1,50 @@
+// The toolkit of the terminal program: pane lines go to one stream, everything that is asked to another, and the
+// answers come from a third.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/Toolkit.h"
+#include "ui/console/AnswerReader.h"
+
+namespace talven {
+
+class ConsoleToolkit : public Toolkit {
+ public:
+  /// `input` gives the answers, one to a line; `output` takes the pane lines and nothing else; `messages` takes forms,
+  /// message boxes and refusals. With `is_interactive` a refused answer is asked for again; without, it throws
+  /// RefusedAnswer.
+  ConsoleToolkit(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
+                 std::ostream& messages, bool is_interactive);
+
+  void WInitialise(std::string_view) override {}
+  void WSoundSwitch(std::string_view) override {}
+  void WindowOpen(const WindowRecord&) override {}
+  void WindowClose() override {}
+  void WGrTextSetup(int) override {}
+  void WGrTextFont(int, double, double, int) override {}
+  void IGrUnits(double, double, double, double) override {}
+  void WGrTextAt(float x, float y, std::string_view text) override;
+  void WGrAreaClear() override {}
+  void IOsWait(int) override {}
+  std::optional<int> IOsCommand(std::string_view command, int flags) override;
+
+ protected:
+  int RunForm(FormState& form) override;
+  void ShowForm(const FormState&) override {}
+  void HideForm(const FormState&) override {}
+  int AskMessage(const Message& message) override;
+  std::optional<std::string> AskFile(const FileRequest& request) override;
+
+ private:
+  std::ostream& output_;
+  std::ostream& messages_;
+  AnswerReader answers_;
+};
+
+}  // namespace talven

@@ -1,0 +1,107 @@
+#include "ui/console/FormDialogue.h"
+
+#include <ostream>
+
+#include "textio/FieldInput.h"
+#include "textio/FixedText.h"
+
+namespace talven {
+namespace {
+
+std::string PresentValue(const FormState& form, const FormState::Field& field) {
+  const FieldSpec& spec = *field.spec;
+  switch (spec.kind) {
+    case FieldKind::kCheck:
+      return field.is_set ? "on" : "off";
+    case FieldKind::kRadio: {
+      if (!spec.begins_group) return field.is_set ? "chosen" : "";
+      const std::string count = std::to_string(form.RadioGroup(spec.id).size());
+      return std::to_string(form.ChosenRadio(spec.id)) + " (1 to " + count + ")" + (field.is_set ? " chosen" : "");
+    }
+    case FieldKind::kRealEdit:
+    case FieldKind::kIntegerEdit:
+    case FieldKind::kIntegerSpin:
+      return field.text + (spec.range.IsSet() ? " (" + DescribeRange(spec.range) + ")" : "");
+    case FieldKind::kEdit:
+      return field.text;
+    default:
+      return {};
+  }
+}
+
+FormAnswer Refused(std::string reason) {
+  return {.button = {}, .refusal = std::move(reason)};
+}
+
+FormAnswer AnswerCheck(FormState& form, int id, std::string_view value) {
+  if (value != "on" && value != "off") return Refused("expected on or off");
+  form.SetCheck(id, value == "on");
+  return {};
+}
+
+FormAnswer AnswerRadio(FormState& form, const FieldSpec& spec, std::string_view value) {
+  const std::size_t count = form.RadioGroup(spec.id).size();
+  if (!spec.begins_group) return Refused("not the first button of its group: choose by the first one's id");
+  const auto number = Trim(value).empty() ? std::nullopt : ReadI(value);
+  if (!number || !form.ChooseRadio(spec.id, *number))
+    return Refused("expected the number of a button, 1 to " + std::to_string(count));
+  return {};
+}
+
+FormAnswer AnswerField(FormState& form, int id, std::string_view value) {
+  const FormState::Field* const field = form.Find(id);
+  if (field == nullptr) return Refused("the form has no such field");
+  if (!field->is_enabled) return Refused("the field is disabled");
+  const FieldSpec& spec = *field->spec;
+  switch (spec.kind) {
+    case FieldKind::kStatic:
+    case FieldKind::kGroupBox:
+    case FieldKind::kButton:
+      return Refused("the field can't be filled");
+    case FieldKind::kCheck:
+      return AnswerCheck(form, id, Trim(value));
+    case FieldKind::kRadio:
+      return AnswerRadio(form, spec, value);
+    default:
+      break;
+  }
+  if (const auto wanted = form.Refusal(id, value)) return Refused("expected " + *wanted);
+  form.EditText(id, value);
+  return {};
+}
+
+FormAnswer PressButton(const FormState& form, int id) {
+  if (form.Find(id) == nullptr) return Refused("the form has no such button: expected ok or ID=VALUE");
+  return {.button = id, .refusal = {}};
+}
+
+}  // namespace
+
+void PrintForm(const FormState& form, std::ostream& messages) {
+  messages << "[form " << form.Spec().id << "]\n";
+  for (const FormState::Field& field : form.Fields()) {
+    const FieldSpec& spec = *field.spec;
+    messages << "  " << spec.id << ' ' << (spec.label.empty() ? spec.text : spec.label);
+    const std::string value = PresentValue(form, field);
+    if (!value.empty()) messages << ": " << value;
+    if (!field.is_enabled) messages << " (disabled)";
+    messages << '\n';
+  }
+  messages.flush();
+}
+
+FormAnswer AnswerForm(FormState& form, std::string_view answer) {
+  const std::string_view word = Trim(answer);
+  if (word == "ok") return PressButton(form, kOkButton);
+  if (word == "exit") return PressButton(form, kExitButton);
+  const std::size_t equals = answer.find('=');
+  const auto id = equals == std::string_view::npos || equals == 0 ? std::nullopt : ReadI(answer.substr(0, equals));
+  if (!id) return Refused("expected ID=VALUE, ok or exit");
+  return AnswerField(form, *id, answer.substr(equals + 1));
+}
+
+int ButtonAtEnd(const FormState& form) {
+  return form.Find(kExitButton) != nullptr ? kExitButton : kOkButton;
+}
+
+}  // namespace talven

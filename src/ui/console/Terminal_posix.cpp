@@ -1,0 +1,11 @@
+#include <unistd.h>
+
+#include "ui/console/Terminal.h"
+
+namespace talven {
+
+bool IsTerminalInput() {
+  return isatty(STDIN_FILENO) == 1;
+}
+
+}  // namespace talven

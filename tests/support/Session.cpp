@@ -1,0 +1,62 @@
+#include "support/Session.h"
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "app/CommandLine.h"
+#include "app/console/ConsoleProgram.h"
+#include "support/TestFiles.h"
+
+namespace talven::test {
+namespace {
+
+constexpr int kBannerLines = 6;
+
+std::string BehindBanner(const std::string& output) {
+  std::size_t begin = 0;
+  for (int line = 0; line < kBannerLines && begin < output.size(); ++line) begin = output.find('\n', begin) + 1;
+  return output.substr(begin);
+}
+
+}  // namespace
+
+std::string SessionResult::Boxes() const {
+  constexpr std::string_view kPrefix = "[message] ";
+  std::istringstream stream(messages);
+  std::string boxes;
+  for (std::string line; std::getline(stream, line);)
+    if (line.starts_with(kPrefix)) boxes += line.substr(kPrefix.size()) + "\n";
+  return boxes;
+}
+
+SessionResult RunSession(const std::vector<std::string>& arguments, const std::string& answers) {
+  std::vector<const char*> argv = {"/usr/bin/talven-console"};
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  std::istringstream input(answers);
+  std::ostringstream output;
+  std::ostringstream messages;
+  SessionResult result;
+  result.exit_code =
+      RunConsole(CommandArguments(static_cast<int>(argv.size()), argv.data()), {input, output, messages, false});
+  result.output = output.str();
+  result.messages = messages.str();
+  result.pane = BehindBanner(result.output);
+  return result;
+}
+
+SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection) {
+  WriteFile("../answers", answers);
+  const std::string command =
+      std::string("'") + TALVEN_CONSOLE + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
+  const int status = std::system(command.c_str());
+  SessionResult result;
+  result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  result.output = ReadFile("../output");
+  result.messages = ReadFile("../messages");
+  result.pane = BehindBanner(result.output);
+  return result;
+}
+
+}  // namespace talven::test

@@ -1,0 +1,67 @@
+#include "support/TestFiles.h"
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <sstream>
+
+namespace talven::test {
+
+namespace fs = std::filesystem;
+
+TestDirectory::TestDirectory() : before_(fs::current_path()) {
+  std::random_device random;
+  root_ = fs::canonical(fs::temp_directory_path()) / ("talven-" + std::to_string(random()));
+  work_ = root_ / "work";
+  fs::create_directories(work_);
+  setenv("XDG_DATA_HOME", (root_ / "home").c_str(), 1);
+  fs::create_directories(Drive() / "exe/VELDOR");
+  WriteFile(Drive() / "exe/VELDOR/DIR.DEF", work_.string() + "\n");
+  for (const char* program : {"mirade.exe", "kestra.exe"})
+    WriteProgram(program, "printf '%s %s\\n' \"${0##*/}\" \"$*\" >../started");
+  fs::current_path(work_);
+}
+
+void TestDirectory::WriteProgram(const std::string& name, const std::string& commands) const {
+  const fs::path path = Drive() / "exe" / name;
+  WriteFile(path, "#!/bin/sh\ncd '" + work_.string() + "'\n" + commands + "\n");
+  fs::permissions(path, fs::perms::owner_all);
+}
+
+TestDirectory::~TestDirectory() {
+  std::error_code error;
+  fs::current_path(before_, error);
+  fs::remove_all(root_, error);
+}
+
+void WriteFile(const fs::path& name, std::string_view content) {
+  std::ofstream stream(name, std::ios::binary);
+  stream << content;
+}
+
+std::string ReadFile(const fs::path& name) {
+  std::ifstream stream(name, std::ios::binary);
+  if (!stream) return "(no file " + name.string() + ")";
+  return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+bool Exists(const fs::path& name) {
+  return fs::exists(name);
+}
+
+std::string LineOf(const std::string& text, int number) {
+  std::istringstream stream(text);
+  std::string line;
+  for (int i = 0; i < number; ++i)
+    if (!std::getline(stream, line)) return "(no line " + std::to_string(number) + ")";
+  return line;
+}
+
+int CountLines(const std::string& text) {
+  return static_cast<int>(std::ranges::count(text, '\n'));
+}
+
+}  // namespace talven::test

@@ -1,0 +1,41 @@
+// Files of a test: a directory of its own, and reading and writing there.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace talven::test {
+
+/// A new empty directory, current while the object lives, with a data home inside it that holds the directory file of
+/// drive C and stand-ins for the programs started on exit, which leave their name and arguments in `../started`. Gone
+/// with all that is in it at the end.
+class TestDirectory {
+ public:
+  TestDirectory();
+  ~TestDirectory();
+  TestDirectory(const TestDirectory&) = delete;
+  TestDirectory& operator=(const TestDirectory&) = delete;
+
+  /// Where the files of the job lie.
+  const std::filesystem::path& Path() const { return work_; }
+  /// The folder of drive C in the data home.
+  std::filesystem::path Drive() const { return root_ / "home/talven/drives/c"; }
+  /// Puts a shell script into the place of a program on drive C; it runs in the directory of the job's files.
+  void WriteProgram(const std::string& name, const std::string& commands) const;
+
+ private:
+  std::filesystem::path root_;
+  std::filesystem::path work_;
+  std::filesystem::path before_;
+};
+
+void WriteFile(const std::filesystem::path& name, std::string_view content);
+/// The content of a file; a text that says so if it is not there.
+std::string ReadFile(const std::filesystem::path& name);
+bool Exists(const std::filesystem::path& name);
+/// Line `number` of a text, from 1, without its end.
+std::string LineOf(const std::string& text, int number);
+int CountLines(const std::string& text);
+
+}  // namespace talven::test
