@@ -136,6 +136,13 @@ TEST(Process, TheRealProgramRunsAndTellsABrokenOutput) {
   WriteFile("a b.fcf", "   1   2   3      400.00        1.00      1.00 o\n");
   EXPECT_EQ(RunProcess("'a b' C:", "1006=6\nok\nexit\n").exit_code, 0);
   EXPECT_EQ(ReadFile("DUMMY.HKL"), "   1   2   3    400.     20.\n");
+  // The drive comes from the full path of the program, however it was called.
+  std::filesystem::create_symlink(std::filesystem::path(TalvenConsole()).parent_path(), "bin");
+  WriteFile("run.sh", "./bin/talven-console <answers && PATH=\"$PWD/bin:$PATH\" talven-console <answers\n");
+  WriteFile("answers", "1005=x\nok\n\nexit\n");
+  std::filesystem::remove(directory.Drive() / "exe/VELDOR/DIR.DEF");
+  EXPECT_EQ(std::system("sh run.sh >/dev/null 2>&1"), 0);
+  EXPECT_TRUE(DirectoryFile(directory).starts_with(directory.Path().string()));
   const SessionResult full = RunProcess("abc C:", "exit\n", ">/dev/full");
   EXPECT_EQ(full.exit_code, 1);
   EXPECT_EQ(full.messages, "fatal I/O error: standard output: cannot be written\n");
