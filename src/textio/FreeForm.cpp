@@ -60,8 +60,8 @@ template <typename Number>
 void RequireNumbers(InputFile& file, std::span<Number> values, std::string_view what) {
   std::string_view bad;
   const ReadStatus status = ReadNumbers(file, values, bad);
-  if (status == ReadStatus::kOk) return;
-  file.Fail(what, status == ReadStatus::kEndOfFile ? "end of file" : Quote(bad));
+  if (status == ReadStatus::kEndOfFile) file.RequireLine(what);
+  if (status == ReadStatus::kMalformed) file.Fail(what, Quote(bad));
 }
 
 template <typename Number>
@@ -76,9 +76,11 @@ void ParseNumbers(const InputFile& file, std::string_view text, std::span<Number
 
 }  // namespace
 
-ReadStatus ReadReals(InputFile& file, std::span<float> values) {
-  std::string_view bad;
-  return ReadNumbers(file, values, bad);
+ReadStatus ReadReals(InputFile& file, std::span<float> values, std::string_view* bad) {
+  std::string_view token;
+  const ReadStatus status = ReadNumbers(file, values, token);
+  if (bad != nullptr) *bad = token;
+  return status;
 }
 
 void RequireReals(InputFile& file, std::span<float> values, std::string_view what) {
