@@ -1,14 +1,25 @@
 #include "app/CommandLine.h"
 
+#include <filesystem>
 #include <ostream>
+#include <system_error>
 
+#include "textio/FileNames.h"
 #include "textio/FixedText.h"
+#include "ui/LineBuffer.h"
 #include "ui/Toolkit.h"
 
 namespace talven {
 namespace {
 
 constexpr std::size_t kLongestJobName = 20;
+
+/// Length of an argument as the program takes it: cut to 80 characters, control characters as blanks.
+std::size_t ArgumentLength(std::string_view argument) {
+  Text80 text(argument);
+  BlankControlCharacters(text);
+  return text.Trimmed().size();
+}
 
 void PrintUsage(std::string_view program, std::ostream& stream) {
   stream
@@ -29,9 +40,10 @@ void PrintUsage(std::string_view program, std::ostream& stream) {
 }  // namespace
 
 std::vector<std::string> CommandArguments(int argc, const char* const* argv) {
-  std::vector<std::string> arguments;
-  for (int i = 0; i < argc; ++i)
-    if (i == 0 || *argv[i] != '\0') arguments.emplace_back(argv[i]);
+  std::error_code error;
+  std::vector<std::string> arguments = {FromPath(std::filesystem::absolute(ToPath(argv[0]), error))};
+  for (int i = 1; i < argc; ++i)
+    if (*argv[i] != '\0') arguments.emplace_back(argv[i]);
   return arguments;
 }
 
@@ -39,13 +51,13 @@ std::optional<int> AnswerCommandLine(std::string_view program, const std::vector
                                      std::ostream& output, std::ostream& messages) {
   if (arguments.size() == 2 && arguments[1] == "--help") {
     PrintUsage(program, output);
-    return kExitNormal;
+    return output.flush() ? kExitNormal : kExitFatalIo;
   }
   if (arguments.size() == 2 && arguments[1] == "--version") {
     output << program << ' ' << TALVEN_VERSION << '\n';
-    return kExitNormal;
+    return output.flush() ? kExitNormal : kExitFatalIo;
   }
-  if (arguments.size() >= 2 && TrimRight(arguments[1]).size() > kLongestJobName) {
+  if (arguments.size() >= 2 && ArgumentLength(arguments[1]) > kLongestJobName) {
     messages << program << ": job name longer than 20 characters: " << arguments[1] << '\n';
     PrintUsage(program, messages);
     return kExitRefused;

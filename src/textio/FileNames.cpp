@@ -63,7 +63,7 @@ namespace {
 
 std::optional<std::string> DataHome() {
   const char* const data_home = std::getenv("XDG_DATA_HOME");
-  if (data_home != nullptr && *data_home != '\0') return data_home;
+  if (data_home != nullptr && *data_home == '/') return data_home;
   const char* const home = std::getenv("HOME");
   if (home != nullptr && *home != '\0') return std::string(home) + "/.local/share";
   return std::nullopt;
@@ -107,7 +107,8 @@ bool CopyExisting(std::string_view from, std::string_view to) {
 
 void DeleteExisting(std::string_view name) {
   std::error_code error;
-  if (const auto path = FindExisting(name)) fs::remove(*path, error);
+  const auto path = FindExisting(name);
+  if (path && !fs::is_directory(*path, error)) fs::remove(*path, error);
 }
 
 }  // namespace talven

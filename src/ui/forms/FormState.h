@@ -66,7 +66,7 @@ class FormState {
 };
 
 /// The number in the text of a real or integer field, blanks around it ignored; nothing if it is none. An integer field
-/// takes up to 11 digits and signs.
+/// takes one sign and digits, up to 11 characters.
 std::optional<double> ParseFieldNumber(FieldKind kind, std::string_view text);
 
 /// A range as a hint tells it: "0.001 to 5"; empty where there is none.
