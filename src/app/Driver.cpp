@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/StartUp.h"
+#include "patterns/IngToCif.h"
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
 
@@ -22,19 +23,34 @@ void SimulateFromFcf(Ui& ui, Program& program) {
 void WriteHklFromFcf(Ui& ui, Program& program) {
   FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
 }
+void ConvertCif(Ui& ui, Program& program) {
+  CifToIng(ui, program.run, program.cif_to_ing);
+}
+void ConvertIngToCif(Ui& ui, Program& program) {
+  IngToCif(ui, program.run);
+}
+void Reformat(Ui& ui, Program& program) {
+  ReformatIng(ui, program.run, program.reformat, program.run.Properties);
+}
+void ConvertIngToTxt(Ui& ui, Program& program) {
+  IngToTxt(ui, program.run, program.ing_to_txt);
+}
+void ConvertTxt(Ui& ui, Program& program) {
+  TxtToIng(ui, program.run, program.txt_to_ing);
+}
 
 /// Handlers by option number. An option without a handler goes back to the form.
 using Handler = void (*)(Ui&, Program&);
 constexpr std::array<Handler, 9> kHandlers = {
     SimulateFromHkl,  // 1  HKL to ING, CPI, XY, PAT
-    nullptr,          // 2  CIF to ING
-    nullptr,          // 3  ING to CIF
-    nullptr,          // 4  reformat ING
+    ConvertCif,       // 2  CIF to ING
+    ConvertIngToCif,  // 3  ING to CIF
+    Reformat,         // 4  reformat ING
     nullptr,          // 5  INS to ING or DUMMY.HKL
     WriteHklFromFcf,  // 6  FCF to HKL
     SimulateFromFcf,  // 7  FCF to ING, CPI, XY, PAT
-    nullptr,          // 8  ING to ASCII
-    nullptr,          // 9  XY to ING
+    ConvertIngToTxt,  // 8  ING to ASCII
+    ConvertTxt,       // 9  XY to ING
 };
 
 struct Choice {

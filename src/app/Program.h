@@ -1,6 +1,10 @@
 // Everything that lives as long as the process.
 #pragma once
 
+#include "patterns/CifToIng.h"
+#include "patterns/IngToTxt.h"
+#include "patterns/ReformatIng.h"
+#include "patterns/TxtToIng.h"
 #include "shelx/FcfToHkl.h"
 #include "simulation/SimulationData.h"
 #include "ui/RunState.h"
@@ -12,6 +16,10 @@ struct Program {
   RunState run;
   SimulationData simulation;
   FcfToHklData fcf_to_hkl;
+  CifToIngData cif_to_ing;
+  ReformatData reformat;
+  IngToTxtData ing_to_txt;
+  TxtToIngData txt_to_ing;
 };
 
 }  // namespace talven

@@ -1,6 +1,7 @@
 #include "textio/FieldInput.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <string>
 
@@ -106,7 +107,32 @@ std::optional<Real> ReadScaled(std::string_view text, int implied_decimals) {
 /// True for a number that <charconv> reads as it stands.
 bool IsPlain(std::string_view text) {
   if (!text.empty() && text.front() == '-') text.remove_prefix(1);
-  return !text.empty() && text.find_first_not_of("0123456789.") == std::string_view::npos;
+  return !text.empty() && std::ranges::all_of(text, [](char c) { return IsDigit(c) || c == '.'; });
+}
+
+/// A short number without exponent; nothing for any other. Up to 2^24 its digits are exact in a stored real, and so is
+/// a power of ten up to 10^10: one division then rounds as well as <charconv> does, in less time.
+std::optional<float> ReadShort(std::string_view text) {
+  constexpr std::array<float, 11> kPowersOfTen = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
+  const bool negative = !text.empty() && text.front() == '-';
+  if (negative) text.remove_prefix(1);
+  std::uint32_t digits = 0;
+  std::size_t point = text.size();
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '.' && point == text.size()) {
+      point = i;
+    } else if (IsDigit(text[i])) {
+      digits = digits * 10 + static_cast<std::uint32_t>(text[i] - '0');
+      if (digits > 1U << 24) return std::nullopt;
+    } else {
+      return std::nullopt;
+    }
+  }
+  const std::size_t decimals = point == text.size() ? 0 : text.size() - point - 1;
+  const bool has_digits = text.size() > (point == text.size() ? 0U : 1U);
+  if (!has_digits || decimals >= kPowersOfTen.size()) return std::nullopt;
+  const float magnitude = static_cast<float>(digits) / kPowersOfTen[decimals];
+  return negative ? -magnitude : magnitude;
 }
 
 }  // namespace
@@ -144,6 +170,8 @@ std::optional<float> ReadF(std::string_view field, int decimals) {
 
 template <typename Real>
 std::optional<Real> ReadReal(std::string_view token) {
+  if constexpr (std::is_same_v<Real, float>)
+    if (const auto value = ReadShort(token)) return value;
   if (IsPlain(token)) return Convert<Real>(token);
   return ReadScaled<Real>(token, 0);
 }

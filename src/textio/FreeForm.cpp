@@ -1,5 +1,6 @@
 #include "textio/FreeForm.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -8,14 +9,16 @@
 namespace talven {
 namespace {
 
+constexpr bool IsSeparator(char c) {
+  return c == ' ' || c == ',' || c == '\t' || c == '\r' || c == '/';
+}
+
 /// The next text between separators, taken off the front of `rest`; empty at its end.
 std::string_view NextToken(std::string_view& rest) {
-  constexpr std::string_view kSeparators = " ,\t\r/";
-  const std::size_t first = rest.find_first_not_of(kSeparators);
-  if (first == std::string_view::npos) return {};
-  rest.remove_prefix(first);
-  const std::string_view token = rest.substr(0, rest.find_first_of(kSeparators));
-  rest.remove_prefix(token.size());
+  const auto begin = std::ranges::find_if_not(rest, IsSeparator);
+  const auto end = std::find_if(begin, rest.end(), IsSeparator);
+  const std::string_view token(begin, end);
+  rest = std::string_view(end, rest.end());
   return token;
 }
 
@@ -60,8 +63,8 @@ template <typename Number>
 void RequireNumbers(InputFile& file, std::span<Number> values, std::string_view what) {
   std::string_view bad;
   const ReadStatus status = ReadNumbers(file, values, bad);
-  if (status == ReadStatus::kOk) return;
-  file.Fail(what, status == ReadStatus::kEndOfFile ? "end of file" : Quote(bad));
+  if (status == ReadStatus::kEndOfFile) file.RequireLine(what);
+  if (status == ReadStatus::kMalformed) file.Fail(what, Quote(bad));
 }
 
 template <typename Number>
@@ -76,9 +79,11 @@ void ParseNumbers(const InputFile& file, std::string_view text, std::span<Number
 
 }  // namespace
 
-ReadStatus ReadReals(InputFile& file, std::span<float> values) {
-  std::string_view bad;
-  return ReadNumbers(file, values, bad);
+ReadStatus ReadReals(InputFile& file, std::span<float> values, std::string_view* bad) {
+  std::string_view token;
+  const ReadStatus status = ReadNumbers(file, values, token);
+  if (bad != nullptr) *bad = token;
+  return status;
 }
 
 void RequireReals(InputFile& file, std::span<float> values, std::string_view what) {

@@ -17,8 +17,9 @@ namespace talven {
 
 enum class ReadStatus { kOk, kEndOfFile, kMalformed };
 
-/// Reads reals from the next lines of a file. Values before a failing one are stored.
-ReadStatus ReadReals(InputFile& file, std::span<float> values);
+/// Reads reals from the next lines of a file. Values before a failing one are stored; `bad` takes the text that is
+/// no number.
+ReadStatus ReadReals(InputFile& file, std::span<float> values, std::string_view* bad = nullptr);
 
 /// The same where nothing but the numbers will do: throws FatalIoError; `what` names them ("a wavelength").
 void RequireReals(InputFile& file, std::span<float> values, std::string_view what);

@@ -68,10 +68,7 @@ bool InputFile::ReadLine(std::string_view& line) {
 
 std::string_view InputFile::RequireLine(std::string_view expected) {
   std::string_view line;
-  if (!ReadLine(line)) {
-    ++line_number_;
-    Fail(expected, "end of file");
-  }
+  if (!ReadLine(line)) FailAtLine(name_, line_number_ + 1, expected, "end of file");
   return line;
 }
 

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <random>
+
 namespace talven {
 namespace {
 
@@ -53,6 +56,20 @@ TEST(FieldInput, RoundsOnceToTheStoredReal) {
   EXPECT_EQ(ReadF("1.00000005960464477539062500000001", 0), 1.00000012F);
   EXPECT_EQ(ReadReal<double>("0.1"), 0.1);
   EXPECT_FALSE(ReadReal<double>("nan"));
+}
+
+TEST(FieldInput, ShortNumbersAreReadAsTheStandardLibraryDoes) {
+  std::mt19937 random(1);
+  for (int i = 0; i < 50'000; ++i) {
+    const std::string digits = std::to_string(random() >> random() % 32);
+    const std::size_t point = random() % (digits.size() + 1);
+    std::string text = random() % 4 == 0 ? "-" : "";
+    text.append(digits, 0, point).append(random() % 4 == 0 ? "" : ".").append(digits, point);
+    float expected = 0.0F;
+    std::from_chars(text.data(), text.data() + text.size(), expected);
+    ASSERT_EQ(ReadReal<float>(text), expected) << text;
+  }
+  for (const char* bad : {"", "-", ".", "-.", "1..2", "--1", "1-"}) EXPECT_FALSE(ReadReal<float>(bad)) << bad;
 }
 
 }  // namespace

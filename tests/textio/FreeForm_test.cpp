@@ -56,9 +56,9 @@ TEST(FreeForm, FatalErrorsNameFileLineAndText) {
   EXPECT_EQ(ErrorOf([&] { RequireReals(file, one, "a row"); }), "a.ing, line 4: expected a row, found end of file");
   std::array<float, 3> three{};
   EXPECT_EQ(ErrorOf([&] { ParseReals(file, "  1 2", three, "after CELL"); }),
-            "a.ing, line 4: expected 3 numbers after CELL, found 2");
+            "a.ing, line 3: expected 3 numbers after CELL, found 2");
   EXPECT_EQ(ErrorOf([&] { ParseReals(file, " 1 " + std::string(50, 'q'), three, "after CELL"); }),
-            "a.ing, line 4: expected 3 numbers after CELL, found \"" + std::string(40, 'q') + "...\"");
+            "a.ing, line 3: expected 3 numbers after CELL, found \"" + std::string(40, 'q') + "...\"");
   EXPECT_EQ(ErrorOf([&] { file.OpenRequired("none.ing"); }),
             "none.ing: cannot be opened: expected an existing file, found none");
 }
