@@ -28,12 +28,13 @@ std::string FormatReal(double value, RealFormat format) {
 
 }  // namespace
 
+bool IsTypableInteger(std::string_view text) {
+  return text.find_first_not_of("0123456789+-") == std::string_view::npos && text.size() <= 11;
+}
+
 std::optional<double> ParseFieldNumber(FieldKind kind, std::string_view text) {
   text = Trim(text);
-  if (kind != FieldKind::kRealEdit) {
-    const bool typable = text.find_first_not_of("0123456789+-") == std::string_view::npos && text.size() <= 11;
-    if (!typable) return std::nullopt;
-  }
+  if (kind != FieldKind::kRealEdit && !IsTypableInteger(text)) return std::nullopt;
   return ReadReal<double>(text);
 }
 

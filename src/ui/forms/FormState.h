@@ -65,8 +65,10 @@ class FormState {
   std::vector<Field> fields_;
 };
 
-/// The number in the text of a real or integer field, blanks around it ignored; nothing if it is none. An integer field
-/// takes up to 11 digits and signs.
+/// What can be typed into an integer field: up to 11 digits and signs.
+bool IsTypableInteger(std::string_view text);
+
+/// The number in the text of a real or integer field, blanks around it ignored; nothing if it is none.
 std::optional<double> ParseFieldNumber(FieldKind kind, std::string_view text);
 
 /// A range as a hint tells it: "0.001 to 5"; empty where there is none.
