@@ -1,7 +1,10 @@
 #include "app/CommandLine.h"
 
+#include <filesystem>
 #include <ostream>
+#include <system_error>
 
+#include "textio/FileNames.h"
 #include "textio/FixedText.h"
 #include "ui/Toolkit.h"
 
@@ -29,9 +32,10 @@ void PrintUsage(std::string_view program, std::ostream& stream) {
 }  // namespace
 
 std::vector<std::string> CommandArguments(int argc, const char* const* argv) {
-  std::vector<std::string> arguments;
-  for (int i = 0; i < argc; ++i)
-    if (i == 0 || *argv[i] != '\0') arguments.emplace_back(argv[i]);
+  std::error_code error;
+  std::vector<std::string> arguments = {FromPath(std::filesystem::absolute(ToPath(argv[0]), error))};
+  for (int i = 1; i < argc; ++i)
+    if (*argv[i] != '\0') arguments.emplace_back(argv[i]);
   return arguments;
 }
 

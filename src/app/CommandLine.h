@@ -9,7 +9,8 @@
 
 namespace talven {
 
-/// The arguments of the process with the program's own path first. Empty ones don't count.
+/// The arguments of the process with the program's own path first, which is made absolute since it begins with the
+/// drive. Empty ones don't count.
 std::vector<std::string> CommandArguments(int argc, const char* const* argv);
 
 /// Answers `--help` and `--version`, each as the only argument, and refuses a job name of more than 20 characters.
