@@ -72,7 +72,7 @@ QWidget* FormDialog::MakeField(const FormState::Field& field) {
   }
   auto* const label = new QLabel(ToQString(spec.text), this);
   label->setTextFormat(Qt::PlainText);
-  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   return label;
 }
 
@@ -105,6 +105,7 @@ void FormDialog::GroupRadios(const FieldSpec& first) {
   for (const int id : form_.RadioGroup(first.id)) {
     auto* const button = qobject_cast<QRadioButton*>(Widget(id));
     button->setAutoExclusive(true);
+    if (!button->isChecked()) button->setFocusPolicy(Qt::ClickFocus);
     group->addButton(button, ++number);
   }
   const int first_id = first.id;
@@ -142,7 +143,8 @@ void FormDialog::SetUpNumber(const FormState::Field& field, QWidget* widget, QLi
   widget->setAccessibleName(ToQString(spec.label));
   widget->setAccessibleDescription(range);
   widget->setToolTip(range);
-  edit->setModified(false);
+  const int id = spec.id;
+  connect(edit, &QLineEdit::textChanged, this, [this, id] { touched_.insert(id); });
   connect(edit, &QLineEdit::inputRejected, this, [this] { beep_(); });
 }
 
@@ -202,7 +204,7 @@ bool FormDialog::Leave(const FormState::Field& field) {
   if (!IsNumeric(field.spec->kind)) return true;
   QLineEdit* const edit = EditOf(field);
   if (IsValid(field)) {
-    if (edit->isModified()) form_.EditText(field.spec->id, FromQString(edit->text()));
+    if (touched_.contains(field.spec->id)) form_.EditText(field.spec->id, FromQString(edit->text()));
     return true;
   }
   beep_();

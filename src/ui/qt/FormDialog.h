@@ -3,7 +3,7 @@
 
 #include <QDialog>
 #include <functional>
-#include <optional>
+#include <set>
 
 #include "ui/forms/FormState.h"
 #include "ui/qt/DialogUnits.h"
@@ -61,6 +61,8 @@ class FormDialog : public QDialog {
 
   FormState& form_;
   std::function<void()> beep_;
+  /// Numeric fields that the user has changed.
+  std::set<int> touched_;
   bool going_back_ = false;
 };
 

@@ -27,7 +27,6 @@ void IntegerSpinBox::stepBy(int steps) {
   const double value = ParseFieldNumber(FieldKind::kIntegerSpin, FromQString(text())).value_or(0.0);
   const double stepped = std::clamp(value + steps, low, high);
   lineEdit()->setText(QString::number(static_cast<std::int64_t>(stepped)));
-  lineEdit()->setModified(true);
   lineEdit()->selectAll();
 }
 

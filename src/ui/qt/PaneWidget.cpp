@@ -123,8 +123,9 @@ QFont PaneWidget::PaneFont() const {
 QRectF PaneWidget::LineRect(const Line& line, const QFontMetricsF& metrics) const {
   const double left = (line.x - units_.left()) / units_.width() * width();
   const double middle = (units_.bottom() - line.y) / units_.height() * height();
-  return {std::round(left), std::round(middle - metrics.height() / 2.0), metrics.horizontalAdvance(line.text),
-          metrics.height()};
+  // Never below the lower edge of its cell, so that the tails of the last line of a page are not cut.
+  const double bottom = std::floor(middle + std::min(character_height_ * height(), metrics.height()) / 2.0);
+  return {std::round(left), bottom - metrics.height(), metrics.horizontalAdvance(line.text), metrics.height()};
 }
 
 QRect PaneWidget::CharacterRect(int offset) const {

@@ -7,6 +7,8 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QTest>
+#include <clocale>
+#include <cstdlib>
 #include <filesystem>
 
 #include "app/desktop/DesktopProgram.h"
@@ -21,7 +23,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kOk = 1;
-constexpr int kExit = 2;
 constexpr const char* kProgramPath = "/usr/bin/talven";
 
 /// Rock salt with a few reflections.
@@ -90,6 +91,47 @@ TEST(DesktopProgram, SimulatesAsTheTerminalProgramDoes) {
   EXPECT_EQ(Results(), expected);
   EXPECT_EQ(ReadFile(directory.Drive() / "exe/VELDOR/DIR.DEF"),
             directory.Path().string() + std::string(80 - directory.Path().string().size(), ' ') + "\n");
+}
+
+TEST(DesktopProgram, NumbersKeepTheirPointUnderALocaleWithCommas) {
+  const std::string current = std::setlocale(LC_NUMERIC, nullptr);
+  if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr) GTEST_SKIP() << "no locale with decimal commas here";
+  std::setlocale(LC_NUMERIC, current.c_str());
+  EXPECT_STREQ(std::localeconv()->decimal_point, ".") << "after the start of the session in the test's main";
+  EXPECT_EQ(QLocale::system().decimalPoint(), ",");
+}
+
+TEST(DesktopProgram, ClosingTheWindowLeavesAsExitDoes) {
+  TestDirectory directory;
+  UserScript user;
+  user.Then([](QDialog&) { Window().close(); });
+  EXPECT_EQ(RunDesktop({kProgramPath, "SALT", "C:"}), 0);
+  for (int i = 0; i < 200 && !Exists("../started"); ++i) QTest::qWait(10);
+  QTest::qWait(50);
+  EXPECT_EQ(ReadFile("../started"), "mirade.exe SALT\n");
+}
+
+TEST(DesktopProgram, AFatalErrorIsTold) {
+  TestDirectory directory;
+  WriteJob();
+  WriteFile("SALT.INS", "CELL 0.71073 5.6402 x 5.6402 90 90 90\n");
+  QString text;
+  UserScript user;
+  user.ThenClick(kOk).Then([&](QDialog& box) {
+    text = dynamic_cast<QMessageBox&>(box).text();
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_EQ(RunDesktop({kProgramPath, "SALT", "C:"}), 1);
+  EXPECT_TRUE(text.startsWith("SALT.INS, line 1: ")) << text.toStdString();
+}
+
+TEST(DesktopProgram, SaysThatThereIsNoDisplay) {
+  TestDirectory directory;
+  const std::string command = std::string("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM '") + TALVEN_DESKTOP;
+  const int status = std::system((command + "' >output 2>messages").c_str());
+  EXPECT_EQ(WEXITSTATUS(status), 2);
+  EXPECT_EQ(CountLines(ReadFile("messages")), 1);
+  EXPECT_NE(ReadFile("messages").find("talven-console"), std::string::npos) << ReadFile("messages");
 }
 
 }  // namespace

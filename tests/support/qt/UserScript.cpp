@@ -72,6 +72,8 @@ void SavePicture(QWidget& window, const QString& name) {
 int RunDesktopTests(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
+  // A user with decimal commas, where the system has such a locale.
+  qputenv("LC_ALL", "de_DE.UTF-8");
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   const DesktopSession session(argc, argv);
   return RUN_ALL_TESTS();
