@@ -18,6 +18,7 @@ struct OpenForm {
         dialog(
             state, [this] { ++beeps; }, nullptr) {
     dialog.show();
+    dialog.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog)) << id;
     SavePicture(dialog, "form-" + QString::number(id));
   }
