@@ -6,12 +6,20 @@
 
 #include "textio/FileNames.h"
 #include "textio/FixedText.h"
+#include "ui/LineBuffer.h"
 #include "ui/Toolkit.h"
 
 namespace talven {
 namespace {
 
 constexpr std::size_t kLongestJobName = 20;
+
+/// Length of an argument as the program takes it: cut to 80 characters, control characters as blanks.
+std::size_t ArgumentLength(std::string_view argument) {
+  Text80 text(argument);
+  BlankControlCharacters(text);
+  return text.Trimmed().size();
+}
 
 void PrintUsage(std::string_view program, std::ostream& stream) {
   stream
@@ -49,7 +57,7 @@ std::optional<int> AnswerCommandLine(std::string_view program, const std::vector
     output << program << ' ' << TALVEN_VERSION << '\n';
     return kExitNormal;
   }
-  if (arguments.size() >= 2 && TrimRight(arguments[1]).size() > kLongestJobName) {
+  if (arguments.size() >= 2 && ArgumentLength(arguments[1]) > kLongestJobName) {
     messages << program << ": job name longer than 20 characters: " << arguments[1] << '\n';
     PrintUsage(program, messages);
     return kExitRefused;

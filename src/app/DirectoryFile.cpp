@@ -10,12 +10,16 @@
 namespace talven {
 namespace {
 
+constexpr std::size_t kLineLength = 80;
+
 std::string FileName(char drive_letter) {
   return drive_letter + std::string(":\\exe\\VELDOR\\DIR.DEF");
 }
 
+/// The directory on the first line: all of it, or its first 80 columns where only they name one.
 std::string ReadDirectory(InputFile& file) {
-  return std::string(TrimRight(file.RequireLine("a line with the working directory")));
+  const std::string_view line = TrimRight(file.RequireLine("a line with the working directory"));
+  return std::string(FindExisting(line) ? line : TrimRight(line.substr(0, kLineLength)));
 }
 
 }  // namespace
@@ -39,7 +43,7 @@ void WriteDirectoryFile(char drive_letter, std::string_view directory) {
   OutputFile file;
   file.Open(name);
   std::string line(directory);
-  if (line.size() < 80) line.resize(80, ' ');
+  if (line.size() < kLineLength) line.resize(kLineLength, ' ');
   file.WriteLine(line);
   file.Close();
 }

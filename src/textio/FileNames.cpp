@@ -63,7 +63,7 @@ namespace {
 
 std::optional<std::string> DataHome() {
   const char* const data_home = std::getenv("XDG_DATA_HOME");
-  if (data_home != nullptr && *data_home != '\0') return data_home;
+  if (data_home != nullptr && *data_home == '/') return data_home;
   const char* const home = std::getenv("HOME");
   if (home != nullptr && *home != '\0') return std::string(home) + "/.local/share";
   return std::nullopt;

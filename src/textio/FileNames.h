@@ -14,8 +14,8 @@ std::string FromPath(const std::filesystem::path& path);
 
 /// Where a name on a drive lies. On systems without drive letters `C:\exe\DIR.DEF` is
 /// `<data home>/talven/drives/c/exe/DIR.DEF`, and `/` in the place of the letter stands for `C`. The data home is
-/// $XDG_DATA_HOME, else $HOME/.local/share. Nothing for a drive that is no letter, or without a data home. A name that
-/// has no drive, and every name on Windows, comes back as it is.
+/// $XDG_DATA_HOME if that is an absolute path, else $HOME/.local/share. Nothing for a drive that is no letter, or
+/// without a data home. A name that has no drive, and every name on Windows, comes back as it is.
 std::optional<std::filesystem::path> NativePath(std::string_view name);
 
 /// The existing file or folder that a name means: the exact name first, then one that differs in case only (the first

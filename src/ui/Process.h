@@ -5,14 +5,14 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace talven {
 
 struct Command {
   /// Path of the program that exists.
   std::string program;
-  std::vector<std::string> arguments;
+  /// What is composed behind its name, as it stands.
+  std::string arguments;
 };
 
 /// Takes a composed command apart and looks for its program without regard to case, then without its `.exe`. Nothing

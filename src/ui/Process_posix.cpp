@@ -4,6 +4,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
+#include <vector>
 
 #include "ui/Process.h"
 
@@ -11,6 +13,18 @@ extern char** environ;
 
 namespace talven {
 namespace {
+
+std::vector<std::string> SplitAtBlanks(std::string_view text) {
+  std::vector<std::string> words;
+  while (true) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return words;
+    text.remove_prefix(first);
+    const std::string_view word = text.substr(0, text.find(' '));
+    words.emplace_back(word);
+    text.remove_prefix(word.size());
+  }
+}
 
 /// Starts a program whose standard input is empty. Nothing if that failed.
 std::optional<pid_t> Spawn(const Command& command, bool detached) {
@@ -28,7 +42,8 @@ std::optional<pid_t> Spawn(const Command& command, bool detached) {
   }
   std::vector<char*> argv;
   argv.push_back(const_cast<char*>(command.program.c_str()));
-  for (const std::string& argument : command.arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  std::vector<std::string> arguments = SplitAtBlanks(command.arguments);
+  for (std::string& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
   pid_t child = 0;
   const int error = posix_spawn(&child, command.program.c_str(), &actions, &attributes, argv.data(), environ);
@@ -48,6 +63,7 @@ bool StartDetached(std::string_view command) {
 std::optional<int> RunAndWait(std::string_view command) {
   const auto found = FindCommand(command);
   if (!found) return std::nullopt;
+  std::signal(SIGCHLD, SIG_DFL);  // Ignored by the caller it would take the exit code away.
   const auto child = Spawn(*found, false);
   if (!child) return std::nullopt;
   int status = 0;

@@ -12,8 +12,7 @@ namespace {
 std::optional<PROCESS_INFORMATION> Start(std::string_view command, DWORD flags) {
   const auto found = FindCommand(command);
   if (!found) return std::nullopt;
-  std::wstring line = L'"' + ToPath(found->program).wstring() + L'"';
-  for (const std::string& argument : found->arguments) line += L' ' + ToPath(argument).wstring();
+  std::wstring line = L'"' + ToPath(found->program).wstring() + L'"' + ToPath(found->arguments).wstring();
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};

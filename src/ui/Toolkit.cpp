@@ -128,13 +128,13 @@ void Toolkit::WMessageBox(const Message& message) {
 }
 
 void Toolkit::WSelectFile(std::string_view filter, int flags, std::string& name, std::string_view title) {
-  const std::string directory = IOsDirName();
+  std::error_code error;
+  const std::filesystem::path directory = std::filesystem::current_path(error);
   const auto chosen = AskFile({filter, name, std::string(title)});
   outcome_ = chosen ? 1 : 0;
-  IOsDirChange(directory);
-  if (!chosen) return;
-  name = *chosen;
-  if ((flags & kKeepDirectory) != 0) IOsDirChange(FromPath(ToPath(name).parent_path()));
+  if (chosen) name = *chosen;
+  const bool moves = chosen && (flags & kKeepDirectory) != 0;
+  std::filesystem::current_path(moves ? ToPath(name).parent_path() : directory, error);
 }
 
 int Toolkit::WDialogQuery(int what) const {

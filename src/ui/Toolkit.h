@@ -22,7 +22,7 @@ struct WindowRecord {
   int y = -1;
   int width = 0;
   int height = 0;
-  std::string_view title;
+  std::string_view title = {};
 };
 
 enum class MessageType { kOk, kOkCancel, kRetryCancel, kYesNo, kYesNoCancel, kAbortRetryIgnore };
@@ -34,8 +34,8 @@ struct Message {
   /// 1 the first button, 2 the second, 3 the third.
   int default_button = 1;
   /// Lines are parted by carriage returns.
-  std::string_view text;
-  std::string_view title;
+  std::string_view text = {};
+  std::string_view title = {};
 };
 
 /// A button of a message box: what it says, and what WDialogQuery(4) gives when it was pressed.

@@ -46,10 +46,14 @@ SessionResult RunSession(const std::vector<std::string>& arguments, const std::s
   return result;
 }
 
+std::string TalvenConsole() {
+  return TALVEN_CONSOLE;
+}
+
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection) {
   WriteFile("../answers", answers);
   const std::string command =
-      std::string("'") + TALVEN_CONSOLE + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
+      "'" + TalvenConsole() + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
   const int status = std::system(command.c_str());
   SessionResult result;
   result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);

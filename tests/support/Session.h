@@ -21,6 +21,9 @@ struct SessionResult {
 /// Runs `talven-console ARGUMENTS` in this process on the given answers. Arguments come without the program's path.
 SessionResult RunSession(const std::vector<std::string>& arguments, const std::string& answers);
 
+/// Path of the terminal program.
+std::string TalvenConsole();
+
 /// Runs the real program; `redirection` is put behind its command line in a shell.
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection = "");
 

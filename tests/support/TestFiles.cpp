@@ -64,4 +64,16 @@ int CountLines(const std::string& text) {
   return static_cast<int>(std::ranges::count(text, '\n'));
 }
 
+int Count(std::string_view text, std::string_view part) {
+  int count = 0;
+  for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + part.size())) ++count;
+  return count;
+}
+
+std::string Replaced(std::string text, std::string_view part, std::string_view by) {
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + by.size()))
+    text.replace(at, part.size(), by);
+  return text;
+}
+
 }  // namespace talven::test

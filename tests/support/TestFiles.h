@@ -37,5 +37,8 @@ bool Exists(const std::filesystem::path& name);
 /// Line `number` of a text, from 1, without its end.
 std::string LineOf(const std::string& text, int number);
 int CountLines(const std::string& text);
+/// How often a text holds another, and the text with each of them replaced.
+int Count(std::string_view text, std::string_view part);
+std::string Replaced(std::string text, std::string_view part, std::string_view by);
 
 }  // namespace talven::test

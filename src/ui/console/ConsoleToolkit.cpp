@@ -72,7 +72,7 @@ std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
     if (answer->empty() || *answer == "cancel") return std::nullopt;
     std::error_code error;
     auto path = std::filesystem::absolute(FindForWriting(*answer).value_or(ToPath(*answer)), error);
-    if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name);
+    if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name).filename();
     path = path.lexically_normal();
     if (std::filesystem::is_directory(path.parent_path(), error)) return FromPath(path);
     answers_.Refuse(*answer, "expected the path of a file or folder whose folder exists, a blank line or cancel");
