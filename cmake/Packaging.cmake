@@ -1,7 +1,7 @@
 # What is installed beside the programs, and the Debian package: `cpack -G DEB` in a build tree.
 include(GNUInstallDirs)
 
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/talven RENAME copyright)
 if(TARGET talven AND UNIX AND NOT APPLE)
   install(FILES packaging/talven.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES packaging/talven.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)

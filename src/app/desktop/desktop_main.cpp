@@ -7,9 +7,8 @@
 #include "ui/qt/DesktopSession.h"
 
 int main(int argc, char** argv) {
-  std::vector<std::string> arguments = talven::CommandArguments(argc, argv);
+  const std::vector<std::string> arguments = talven::CommandArguments(argc, argv);
   if (const auto exit_code = talven::AnswerCommandLine("talven", arguments, std::cout, std::cerr)) return *exit_code;
-  talven::DesktopSession session(argc, argv);
-  arguments.front() = session.ProgramPath();
+  const talven::DesktopSession session(argc, argv);
   return talven::RunDesktop(arguments);
 }

@@ -21,6 +21,7 @@ CommandWindow::CommandWindow(const Command& command, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       command_(command),
       output_(new QPlainTextEdit(this)) {
+  setObjectName("output");
   setWindowTitle(QFileInfo(ToQString(command.program)).fileName());
   setWindowModality(Qt::ApplicationModal);
   output_->setReadOnly(true);
@@ -41,8 +42,7 @@ void CommandWindow::ShowOutput() {
 }
 
 std::optional<int> CommandWindow::Run(bool is_hidden) {
-  QStringList arguments;
-  for (const std::string& argument : command_.arguments) arguments += ToQString(argument);
+  const QStringList arguments = ToQString(command_.arguments).split(' ', Qt::SkipEmptyParts);
   QEventLoop loop;
   connect(&process_, &QProcess::finished, &loop, &QEventLoop::quit);
   process_.setProcessChannelMode(QProcess::MergedChannels);

@@ -8,7 +8,6 @@
 #include "ui/Toolkit.h"
 #include "ui/qt/AppIcon.h"
 #include "ui/qt/MessageDialog.h"
-#include "ui/qt/QtText.h"
 
 namespace talven {
 namespace {
@@ -34,10 +33,6 @@ DesktopSession::DesktopSession(int& argc, char** argv) {
 }
 
 DesktopSession::~DesktopSession() = default;
-
-std::string DesktopSession::ProgramPath() const {
-  return FromQString(QCoreApplication::applicationFilePath());
-}
 
 void ShowFatalError(std::string_view text) {
   MessageDialog({.icon = MessageIcon::kStop, .text = text, .title = "TALVEN"}, nullptr).exec();

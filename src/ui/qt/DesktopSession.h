@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
 
 class QApplication;
@@ -15,9 +14,6 @@ class DesktopSession {
  public:
   DesktopSession(int& argc, char** argv);
   ~DesktopSession();
-
-  /// Full path of the running program.
-  std::string ProgramPath() const;
 
  private:
   std::unique_ptr<QApplication> application_;

@@ -29,6 +29,7 @@ std::optional<QString> SelectFile(const FileQuestion& question, QWidget* parent)
   const QString name = ToQString(question.name).trimmed();
   const bool is_pattern = name.contains('*') || name.contains('?');
   QFileDialog dialog(parent, ToQString(question.title).trimmed(), QDir::currentPath());
+  dialog.setObjectName("files");
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(is_pattern ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   dialog.setNameFilters(NameFilters(question.filter, is_pattern ? name : QString()));

@@ -42,6 +42,7 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
 
 MessageDialog::MessageDialog(const Message& message, QWidget* parent)
     : QMessageBox(parent), answers_(MessageButtons(message.type)) {
+  setObjectName("message");
   setIcon(IconOf(message.icon));
   setWindowTitle(ToQString(message.title));
   setTextFormat(Qt::PlainText);

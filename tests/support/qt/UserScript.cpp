@@ -31,7 +31,7 @@ void UserScript::LookForDialog() {
     if (dialog->objectName() == "101") continue;
     seen_ = dialog;
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog)) << dialog->objectName().toStdString();
-    SavePicture(*dialog, "form-" + dialog->objectName());
+    SavePicture(*dialog, dialog->objectName());
     const Step step = std::move(steps_.front());
     steps_.pop_front();
     step(*dialog);
@@ -66,7 +66,8 @@ void TypeInto(const QWidget& form, int id, const char* text) {
 
 void SavePicture(QWidget& window, const QString& name) {
   const QString folder = qEnvironmentVariable("TALVEN_SCREENSHOTS");
-  if (!folder.isEmpty()) window.grab().save(QDir(folder).filePath(name + ".png"));
+  const QString prefix = name.toInt() != 0 ? "form-" : "";
+  if (!folder.isEmpty()) window.grab().save(QDir(folder).filePath(prefix + name + ".png"));
 }
 
 int RunDesktopTests(int argc, char** argv) {
