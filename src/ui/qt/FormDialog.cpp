@@ -47,6 +47,11 @@ FormDialog::FormDialog(FormState& form, std::function<void()> beep, QWidget* par
   connect(qApp, &QApplication::focusChanged, this, &FormDialog::FollowFocus);
 }
 
+FormDialog::~FormDialog() {
+  // The focus still moves while the base class takes the fields away.
+  disconnect(qApp, nullptr, this, nullptr);
+}
+
 QWidget* FormDialog::MakeField(const FormState::Field& field) {
   const FieldSpec& spec = *field.spec;
   switch (spec.kind) {

@@ -23,6 +23,7 @@ class FormDialog : public QDialog {
  public:
   /// `form` has to outlive the dialog. `beep` is called for each refusal.
   FormDialog(FormState& form, std::function<void()> beep, QWidget* parent);
+  ~FormDialog() override;
 
   /// Ends the form with what it holds, by `EXIT` where it has that button, else by `OK`.
   void EndAsItStands();
