@@ -20,8 +20,8 @@ UserScript& UserScript::Then(Step step) {
   return *this;
 }
 
-UserScript& UserScript::ThenClick(int id) {
-  return Then([id](QDialog& form) { ClickField(form, id); });
+UserScript& UserScript::ThenPress(Qt::Key key) {
+  return Then([key](QDialog& dialog) { QTest::keyClick(&dialog, key); });
 }
 
 void UserScript::LookForDialog() {
@@ -40,9 +40,7 @@ void UserScript::LookForDialog() {
 }
 
 QWidget& Field(const QWidget& form, int id) {
-  auto* const field = form.findChild<QWidget*>(QString::number(id));
-  if (field == nullptr) throw std::runtime_error("no field " + std::to_string(id));
-  return *field;
+  return *form.findChild<QWidget*>(QString::number(id));
 }
 
 QLineEdit& Edit(const QWidget& form, int id) {
@@ -64,20 +62,27 @@ void TypeInto(const QWidget& form, int id, const char* text) {
   QTest::keyClicks(&edit, text);
 }
 
+void AcceptName(QDialog& selector, const QString& name) {
+  auto* const edit = selector.findChild<QLineEdit*>("fileNameEdit");
+  if (!name.isEmpty()) edit->setText(name);
+  QTest::keyClick(edit, Qt::Key_Return);
+}
+
 void SavePicture(QWidget& window, const QString& name) {
   const QString folder = qEnvironmentVariable("TALVEN_SCREENSHOTS");
   const QString prefix = name.toInt() != 0 ? "form-" : "";
   if (!folder.isEmpty()) window.grab().save(QDir(folder).filePath(prefix + name + ".png"));
 }
 
-int RunDesktopTests(int argc, char** argv) {
+}  // namespace talven::test
+
+/// Runs the tests with a connection to the window system: none that can be seen, unless QT_QPA_PLATFORM says otherwise.
+int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
   // A user with decimal commas, where the system has such a locale.
   qputenv("LC_ALL", "de_DE.UTF-8");
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const DesktopSession session(argc, argv);
+  const talven::DesktopSession session(argc, argv);
   return RUN_ALL_TESTS();
 }
-
-}  // namespace talven::test

