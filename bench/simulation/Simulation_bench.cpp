@@ -51,6 +51,7 @@ struct Bench {
   std::unique_ptr<ReflectionList> list = std::make_unique<ReflectionList>();
   std::unique_ptr<PatternGrid> grid = std::make_unique<PatternGrid>();
   std::unique_ptr<SynthesisData> work = std::make_unique<SynthesisData>();
+  OutputFile scratch;
   ProfileParameters parameters{.Step = 0.005F, .TwoThetaMin = 4.0F, .SymmetricalPeaks = true, .PowderCorrection = true};
 
   Bench() {
@@ -93,7 +94,7 @@ void Synthesise(benchmark::State& state) {
   Bench bench;
   bench.parameters.Broadening = static_cast<float>(state.range(0));
   for (auto _ : state) {
-    BinReflections(*bench.list, bench.parameters, "bench.TMP", *bench.grid, *bench.work);
+    BinReflections(*bench.list, bench.parameters, bench.scratch, *bench.grid, *bench.work);
     BroadenPeaks(bench.parameters, *bench.grid, *bench.work);
     ApplyPowderCorrection(bench.parameters, *bench.grid);
     FinishIntensities(*bench.grid, *bench.work);
@@ -103,14 +104,14 @@ BENCHMARK(Synthesise)->Arg(1)->Arg(10);
 
 void WriteOutputs(benchmark::State& state) {
   Bench bench;
-  BinReflections(*bench.list, bench.parameters, "bench.TMP", *bench.grid, *bench.work);
+  BinReflections(*bench.list, bench.parameters, bench.scratch, *bench.grid, *bench.work);
   PatternFiles files;
   OutputFile rows;
   for (OutputFile* const file : {&files.ing, &files.cpi, &files.xy, &files.pat, &rows}) file->Open("/dev/null");
   const PatternHead head{.TrimmedJobName = "bench", .Wavelength = 1.54F, .Step = 0.005F, .date = {}, .time = {}};
   for (auto _ : state) {
     WriteReflectionList(*bench.list, rows);
-    WriteHeads(head, *bench.grid, files);
+    WriteHeads(head, *bench.grid, bench.ui.line, files);
     WriteRows(head, *bench.list, *bench.grid, files);
   }
 }

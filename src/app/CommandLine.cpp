@@ -51,11 +51,11 @@ std::optional<int> AnswerCommandLine(std::string_view program, const std::vector
                                      std::ostream& output, std::ostream& messages) {
   if (arguments.size() == 2 && arguments[1] == "--help") {
     PrintUsage(program, output);
-    return kExitNormal;
+    return output.flush() ? kExitNormal : kExitFatalIo;
   }
   if (arguments.size() == 2 && arguments[1] == "--version") {
     output << program << ' ' << TALVEN_VERSION << '\n';
-    return kExitNormal;
+    return output.flush() ? kExitNormal : kExitFatalIo;
   }
   if (arguments.size() >= 2 && ArgumentLength(arguments[1]) > kLongestJobName) {
     messages << program << ": job name longer than 20 characters: " << arguments[1] << '\n';

@@ -17,56 +17,55 @@ constexpr float kRescaleThreshold = 100'000.0F;
 
 enum class RescaleState { kNotNeeded, kNeeded, kRescaling };
 
-struct CalculatedRow {
-  std::int32_t H = 0;
-  std::int32_t K = 0;
-  std::int32_t L = 0;
-  float Value = 0.0F;
-
-  bool EndsList() const { return H == 0 && K == 0 && L == 0; }
-};
-
-CalculatedRow ReadRow(const InputFile& fcf, std::string_view line) {
-  if (const auto wide = ReadWideList4Row(line)) return {wide->H, wide->K, wide->L, wide->CalculatedF2};
+std::optional<List4Row> ReadNarrowRow(std::string_view line) {
   const auto h = ReadI(Columns(line, 1, 4));
   const auto k = ReadI(Columns(line, 5, 8));
   const auto l = ReadI(Columns(line, 9, 12));
   const auto value = ReadF(Columns(line, 13, 24), 2);
-  if (!h || !k || !l || !value) fcf.Fail("h, k, l and a calculated F squared", Quote(line));
-  return {*h, *k, *l, *value};
+  if (!h || !k || !l || !value) return std::nullopt;
+  return List4Row{.H = *h, .K = *k, .L = *l, .CalculatedF2 = *value};
 }
 
-/// The first data row: the one that ends the header.
-CalculatedRow ReadFirstRow(InputFile& fcf) {
+/// Reads the row on a line of the list.
+List4Row ReadRow(const InputFile& fcf, std::string_view line, List4Reader& rows) {
+  const auto row = rows.Read(line, ReadNarrowRow);
+  if (!row) fcf.Fail("h, k, l and a calculated F squared", Quote(line));
+  return *row;
+}
+
+/// The line of the first data row: the one that ends the header.
+std::string_view FindFirstRow(InputFile& fcf) {
   while (true) {
     const std::string_view line = fcf.RequireLine("a LIST 4 row");
-    if (HasNarrowStatus(line) || ReadWideList4Row(line)) return ReadRow(fcf, line);
+    if (HasNarrowStatus(line) || ReadWideList4Row(line)) return line;
   }
 }
 
-/// Raises values of no use in a refinement, and finds the sigma. Gives the values as they are written.
-void PrepareRow(CalculatedRow& row, RescaleState& state, float& sigma) {
-  if (row.Value <= 0.0F) {
+/// Raises values of no use in a refinement, and finds the sigma. Gives the value as it is written.
+float PrepareValue(float value, RescaleState& state, float& sigma) {
+  if (value <= 0.0F) {
     sigma = 2.53F;
-    row.Value = 0.54F;
+    value = 0.54F;
   }
-  if (row.Value <= 1.0F) {
+  if (value <= 1.0F) {
     sigma = 2.82F;
-    row.Value = 0.73F;
+    value = 0.73F;
   }
-  if (state == RescaleState::kNotNeeded && row.Value > kRescaleThreshold) state = RescaleState::kNeeded;
-  if (state == RescaleState::kRescaling) row.Value = Store(0.01 * row.Value);
-  if (row.Value > 1.0F) sigma = Store(std::sqrt(static_cast<double>(row.Value)));
+  if (state == RescaleState::kNotNeeded && value > kRescaleThreshold) state = RescaleState::kNeeded;
+  if (state == RescaleState::kRescaling) value = Store(0.01 * value);
+  if (value > 1.0F) sigma = Store(std::sqrt(static_cast<double>(value)));
+  return value;
 }
 
 void WriteList(InputFile& fcf, OutputFile& hkl, RescaleState& state, float& sigma) {
-  CalculatedRow row = ReadFirstRow(fcf);
+  List4Reader rows;
+  List4Row row = ReadRow(fcf, FindFirstRow(fcf), rows);
   while (!row.EndsList()) {
-    PrepareRow(row, state, sigma);
-    hkl.WriteLine(Record().I(row.H, 4).I(row.K, 4).I(row.L, 4).F(row.Value, 8, 0).F(sigma, 8, 0));
+    const float value = PrepareValue(row.CalculatedF2, state, sigma);
+    hkl.WriteLine(Record().I(row.H, 4).I(row.K, 4).I(row.L, 4).F(value, 8, 0).F(sigma, 8, 0));
     std::string_view line;
     if (!fcf.ReadLine(line)) return;
-    row = ReadRow(fcf, line);
+    row = ReadRow(fcf, line, rows);
   }
 }
 

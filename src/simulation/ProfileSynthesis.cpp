@@ -45,12 +45,17 @@ float HighestPoint(PatternGrid& grid) {
   return highest;
 }
 
-/// A bin sum as ten columns hold it. On the way out and back it becomes a whole number.
-double RoundBinSum(float sum, std::int32_t point, std::string_view scratch_name) {
-  const double rounded = std::round(static_cast<double>(sum));
-  if (!(rounded > -100'000'000.0 && rounded < 1'000'000'000.0))
-    FailAtLine(scratch_name, static_cast<std::size_t>(point), "a bin sum of at most nine digits", "**********");
-  return rounded;
+/// Leaves the rows in the scratch file and ends the run: the sum of a point can't be read back from it.
+[[noreturn]] void FailReadingBack(const PatternGrid& grid, const SynthesisData& work, std::int32_t point,
+                                  OutputFile& scratch) {
+  for (std::int32_t i = 1; i <= grid.PointCount; ++i)
+    scratch.WriteLine(Record().X(1).F(Store(work.BinEdge[i]), 8, 2).X(3).F(grid.Profile[i], 10, 0));
+  FailAtLine(scratch.Name(), static_cast<std::size_t>(point), "a bin sum that fits ten columns", "**********");
+}
+
+/// True for a bin sum that ten columns hold.
+bool FitsScratchField(double rounded) {
+  return rounded > -100'000'000.0 && rounded < 1'000'000'000.0;
 }
 
 /// Adds a stick's tail of `length` points that begins next to it and runs in `direction` (-1 or +1), taking every
@@ -76,7 +81,7 @@ std::int32_t NonzeroLength(SynthesisData& work, std::int32_t shape_length, doubl
 
 }  // namespace
 
-void BinReflections(const ReflectionList& list, const ProfileParameters& parameters, std::string_view scratch_name,
+void BinReflections(const ReflectionList& list, const ProfileParameters& parameters, OutputFile& scratch,
                     PatternGrid& grid, SynthesisData& work) {
   LayOutGrid(parameters, grid, work);
   for (std::int32_t j = 1; j <= list.ReflectionCount; ++j) {
@@ -89,9 +94,11 @@ void BinReflections(const ReflectionList& list, const ProfileParameters& paramet
   const float highest = HighestPoint(grid);
   if (highest > kLargestIntensity) work.Scale = Store(kLargestIntensity / highest);
   for (std::int32_t i = 1; i <= grid.PointCount; ++i) {
-    grid.Stick[i] = Store(work.Scale * RoundBinSum(grid.Profile[i], i, scratch_name));
-    grid.Profile[i] = grid.Stick[i];
+    const double rounded = std::round(static_cast<double>(grid.Profile[i]));
+    if (!FitsScratchField(rounded)) FailReadingBack(grid, work, i, scratch);
+    grid.Stick[i] = Store(work.Scale * rounded);
   }
+  std::ranges::copy(grid.Stick.Range(1, grid.PointCount), grid.Profile.Range(1, grid.PointCount).begin());
 }
 
 void BroadenPeaks(const ProfileParameters& parameters, PatternGrid& grid, SynthesisData& work) {

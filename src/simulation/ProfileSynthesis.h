@@ -3,11 +3,11 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
 
 #include "simulation/PatternGrid.h"
 #include "simulation/ReflectionList.h"
 #include "textio/Array1.h"
+#include "textio/OutputFile.h"
 
 namespace talven {
 
@@ -34,8 +34,8 @@ struct SynthesisData {
 /// Adds F squared of each reflection to the point whose bin it falls into, and scales the highest bin to at most
 /// 99,000. A bin is the open interval above the point's angle: a reflection right on a grid angle is lost. Angles are
 /// rounded to two decimals and bin sums to whole numbers, as a scratch file of `1X,F8.2,3X,F10.0` would hold them; a
-/// sum that does not fit there throws FatalIoError, which names the scratch file.
-void BinReflections(const ReflectionList& list, const ProfileParameters& parameters, std::string_view scratch_name,
+/// sum that does not fit there throws FatalIoError, and the scratch file then really holds those rows.
+void BinReflections(const ReflectionList& list, const ProfileParameters& parameters, OutputFile& scratch,
                     PatternGrid& grid, SynthesisData& work);
 
 /// Spreads each stick to both sides. The tails are counted in grid points and are never mirror images: the high-angle

@@ -14,31 +14,22 @@ namespace {
 
 constexpr std::int32_t kList4Tokens = 7;
 
-struct ReflectionRow {
-  std::int32_t H = 0;
-  std::int32_t K = 0;
-  std::int32_t L = 0;
-  float F2 = 0.0F;
-  float Sigma = 0.0F;
-};
-
-std::optional<ReflectionRow> ReadRow(std::string_view line, std::string_view f2_field, std::string_view sigma_field) {
+/// A row whose first three fields are those of both formats.
+std::optional<List4Row> ReadRow(std::string_view line, std::string_view f2_field, std::string_view sigma_field) {
   const auto h = ReadI(Columns(line, 1, 4));
   const auto k = ReadI(Columns(line, 5, 8));
   const auto l = ReadI(Columns(line, 9, 12));
   const auto f2 = ReadF(f2_field, 0);
   const auto sigma = ReadF(sigma_field, 0);
   if (!h || !k || !l || !f2 || !sigma) return std::nullopt;
-  return ReflectionRow{*h, *k, *l, *f2, *sigma};
+  return List4Row{.H = *h, .K = *k, .L = *l, .MeasuredF2 = *f2, .Sigma = *sigma};
 }
 
-std::optional<ReflectionRow> ReadHklRow(std::string_view line) {
+std::optional<List4Row> ReadHklRow(std::string_view line) {
   return ReadRow(line, Columns(line, 13, 20), Columns(line, 21, 28));
 }
 
-std::optional<ReflectionRow> ReadFcfRow(std::string_view line) {
-  if (const auto wide = ReadWideList4Row(line))
-    return ReflectionRow{wide->H, wide->K, wide->L, wide->MeasuredF2, wide->Sigma};
+std::optional<List4Row> ReadNarrowFcfRow(std::string_view line) {
   if (!ReadF(Columns(line, 13, 24), 0)) return std::nullopt;
   return ReadRow(line, Columns(line, 25, 36), Columns(line, 37, 46));
 }
@@ -54,11 +45,11 @@ void Widen(IndexRange& range, std::int32_t axis, std::int32_t index) {
   range.IndexMax[axis] = std::max(range.IndexMax[axis], index);
 }
 
-void StoreRow(ReflectionList& list, std::int32_t slot, const ReflectionRow& row, float two_theta) {
+void StoreRow(ReflectionList& list, std::int32_t slot, const List4Row& row, float two_theta) {
   list.H[slot] = row.H;
   list.K[slot] = row.K;
   list.L[slot] = row.L;
-  list.F2[slot] = row.F2 < row.Sigma ? 0.0F : row.F2;
+  list.F2[slot] = row.MeasuredF2 < row.Sigma ? 0.0F : row.MeasuredF2;
   list.TwoTheta[slot] = two_theta;
 }
 
@@ -80,11 +71,12 @@ std::int32_t CountLineTokens(std::string_view line) {
 void ReadReflectionSource(Ui& ui, InputFile& source, bool is_fcf, const UnitCell& cell, const ReflectionLimits& limits,
                           ReflectionList& list, IndexRange& range) {
   std::int32_t count = 0;
+  List4Reader fcf_rows;
   std::string_view line;
   while (count < kReflectionLimit && source.ReadLine(line)) {
     if (IsPassedOver(line, is_fcf)) continue;
-    const auto row = is_fcf ? ReadFcfRow(line) : ReadHklRow(line);
-    if (!row || (row->H == 0 && row->K == 0 && row->L == 0)) break;
+    const auto row = is_fcf ? fcf_rows.Read(line, ReadNarrowFcfRow) : ReadHklRow(line);
+    if (!row || row->EndsList()) break;
     // Rows rejected below count here too.
     Widen(range, 1, row->H);
     Widen(range, 2, row->K);

@@ -165,7 +165,7 @@ void Synthesise(Simulation& s) {
       .SymmetricalPeaks = s.settings.SymmetricalPeaks,
       .PowderCorrection = s.properties[simulation_slot::kPowderCorrection] > 0.5F,
   };
-  BinReflections(s.data.list, parameters, s.run.JobFile(".TMP"), s.data.grid, s.data.synthesis);
+  BinReflections(s.data.list, parameters, s.files.scratch, s.data.grid, s.data.synthesis);
   BroadenPeaks(parameters, s.data.grid, s.data.synthesis);
   ApplyPowderCorrection(parameters, s.data.grid);
   FinishIntensities(s.data.grid, s.data.synthesis);
@@ -179,7 +179,7 @@ void WritePattern(Simulation& s) {
       .date = s.ui.toolkit.IOsDate(),
       .time = s.ui.toolkit.IOsTime(),
   };
-  WriteHeads(head, s.data.grid, s.files.pattern);
+  WriteHeads(head, s.data.grid, s.ui.line, s.files.pattern);
   Synthesise(s);
   WriteRows(head, s.data.list, s.data.grid, s.files.pattern);
 }

@@ -20,21 +20,28 @@ std::int32_t IntegerIntensity(float intensity) {
   return Truncate(static_cast<double>(intensity) + 0.5);
 }
 
-void WriteLeftJustified(OutputFile& file, const Record& number) {
-  file.WriteLine(Trim(number.Text()));
+/// Writes a text at its trimmed width.
+void WriteTrimmed(OutputFile& file, LineBuffer& line, std::string_view text) {
+  line = text;
+  file.WriteLine(line.TrimmedLine());
+}
+
+/// Writes a number without the blanks ahead of it.
+void WriteLeftJustified(OutputFile& file, LineBuffer& line, const Record& number) {
+  WriteTrimmed(file, line, Trim(number.Text()));
 }
 
 void WriteFreeFormText(OutputFile& file, std::string_view text) {
   FreeFormLine(file).Text(text).End();
 }
 
-void WriteCpiHead(const PatternHead& head, float start_value, float end_value, OutputFile& cpi) {
+void WriteCpiHead(const PatternHead& head, float start_value, float end_value, LineBuffer& line, OutputFile& cpi) {
   WriteFreeFormText(cpi, "SIETRONICS");
-  WriteLeftJustified(cpi, Record().F(start_value, 8, 3));
-  WriteLeftJustified(cpi, Record().F(end_value, 8, 3));
-  WriteLeftJustified(cpi, Record().F(head.Step, 8, 3));
+  WriteLeftJustified(cpi, line, Record().F(start_value, 8, 3));
+  WriteLeftJustified(cpi, line, Record().F(end_value, 8, 3));
+  WriteLeftJustified(cpi, line, Record().F(head.Step, 8, 3));
   WriteFreeFormText(cpi, "Xx");
-  WriteLeftJustified(cpi, Record().F(head.Wavelength, 9, 6));
+  WriteLeftJustified(cpi, line, Record().F(head.Wavelength, 9, 6));
   Record moment;
   moment.I(head.date.day, 2).A("-").I(head.date.month, 2).A("-").I(head.date.year, 4).A(" at ");
   moment.I(head.time.hour, 2).A(":").I(head.time.minute, 2).A(":").I(head.time.second, 2);
@@ -85,12 +92,12 @@ float WriteReflectionList(const ReflectionList& list, OutputFile& file) {
   return highest;
 }
 
-void WriteHeads(const PatternHead& head, const PatternGrid& grid, PatternFiles& files) {
+void WriteHeads(const PatternHead& head, const PatternGrid& grid, LineBuffer& line, PatternFiles& files) {
   const std::string title = std::string(head.TrimmedJobName) + " (Talven)";
   const auto start_value = static_cast<float>(title.size());
   const auto end_value = static_cast<float>(grid.TopAngle);
-  files.ing.WriteLine(title);
-  WriteCpiHead(head, start_value, end_value, files.cpi);
+  WriteTrimmed(files.ing, line, title);
+  WriteCpiHead(head, start_value, end_value, line, files.cpi);
   WritePatHead(head, start_value, end_value, files.pat);
   WriteFreeFormText(files.xy, "REM Mirade/Talven Shelx HKL to powder XY");
 }

@@ -7,6 +7,7 @@
 #include "simulation/PatternGrid.h"
 #include "simulation/ReflectionList.h"
 #include "textio/OutputFile.h"
+#include "ui/LineBuffer.h"
 #include "ui/Toolkit.h"
 
 namespace talven {
@@ -34,8 +35,8 @@ struct PatternHead {
 float WriteReflectionList(const ReflectionList& list, OutputFile& file);
 
 /// Writes the title line of ING and the heads of CPI, XY and PAT. On purpose: the start value of CPI and PAT is the
-/// length of the title, and not an angle.
-void WriteHeads(const PatternHead& head, const PatternGrid& grid, PatternFiles& files);
+/// length of the title, and not an angle. The title and the numbers of the CPI head pass through the line buffer.
+void WriteHeads(const PatternHead& head, const PatternGrid& grid, LineBuffer& line, PatternFiles& files);
 
 /// Writes the head of ING and the rows of all four files. Raises points below 2.0 to that. PAT takes complete rows of
 /// ten points only.

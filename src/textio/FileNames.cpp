@@ -107,7 +107,8 @@ bool CopyExisting(std::string_view from, std::string_view to) {
 
 void DeleteExisting(std::string_view name) {
   std::error_code error;
-  if (const auto path = FindExisting(name)) fs::remove(*path, error);
+  const auto path = FindExisting(name);
+  if (path && !fs::is_directory(*path, error)) fs::remove(*path, error);
 }
 
 }  // namespace talven

@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <new>
 #include <system_error>
 
 #include "textio/FatalIoError.h"
@@ -28,11 +29,17 @@ bool InputFile::Open(std::string_view name) {
   name_ = TrimRight(name);
   const auto path = FindExisting(name_);
   std::error_code error;
-  if (!path || std::filesystem::is_directory(*path, error)) return false;
+  // A folder can't be read, and a device might have no end.
+  if (!path || !(std::filesystem::is_regular_file(*path, error) || std::filesystem::is_fifo(*path, error)))
+    return false;
   std::ifstream stream(*path, std::ios::binary);
   if (!stream) return false;
   const std::uintmax_t size = std::filesystem::file_size(*path, error);
-  if (!ReadWhole(stream, error ? 0 : size, content_)) throw FatalIoError(name_ + ": cannot be read");
+  try {
+    if (!ReadWhole(stream, error ? 0 : size, content_)) throw FatalIoError(name_ + ": cannot be read");
+  } catch (const std::bad_alloc&) {
+    throw FatalIoError(name_ + ": cannot be read: there is not enough memory");
+  }
   Rewind();
   return true;
 }
@@ -54,7 +61,7 @@ bool InputFile::ReadLine(std::string_view& line) {
   const std::size_t end = rest.find('\n');
   line = rest.substr(0, end);
   position_ = end == std::string_view::npos ? content_.size() : position_ + end + 1;
-  if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  while (line.ends_with('\r')) line.remove_suffix(1);
   ++line_number_;
   return true;
 }

@@ -7,8 +7,8 @@
 
 namespace talven {
 
-/// An existing text file. Lines end with LF or CRLF; a UTF-8 byte order mark at the start is dropped, and a last line
-/// without an end counts as a line. Line views hold until the file is closed.
+/// An existing text file. Lines end with LF or CRLF, or with CRs more than that; a UTF-8 byte order mark at the start
+/// is dropped, and a last line without an end counts as a line. Line views hold until the file is closed.
 class InputFile {
  public:
   /// Opens the file that a name means (see FindExisting) and reads it. False if there is none that can be read.

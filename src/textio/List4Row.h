@@ -17,12 +17,35 @@ struct List4Row {
   float CalculatedF2 = 0.0F;
   float MeasuredF2 = 0.0F;
   float Sigma = 0.0F;
+
+  bool EndsList() const { return H == 0 && K == 0 && L == 0; }
 };
 
 /// True if the status column of the narrow layout holds the letter of an observed reflection.
 bool HasNarrowStatus(std::string_view line);
 
-/// The row, if the line fits the wide layout in every field and has no `o` in column 48.
+/// The row, if the line fits the wide layout in every field, none of them blank, and has no `o` in column 48.
 std::optional<List4Row> ReadWideList4Row(std::string_view line);
+
+/// Takes the rows of one list. In a list whose first row is wide, one that fits neither layout is no row: read by the
+/// narrow columns it would give other numbers than it shows.
+class List4Reader {
+ public:
+  /// The row by the wide layout, or else by `narrow`, which gives the row by the narrow one.
+  template <typename NarrowReader>
+  std::optional<List4Row> Read(std::string_view line, const NarrowReader& narrow) {
+    const auto wide = ReadWideList4Row(line);
+    if (is_first_) is_wide_ = wide.has_value();
+    is_first_ = false;
+    if (wide) return wide;
+    const std::optional<List4Row> row = narrow(line);
+    if (row && is_wide_ && !HasNarrowStatus(line) && !row->EndsList()) return std::nullopt;
+    return row;
+  }
+
+ private:
+  bool is_first_ = true;
+  bool is_wide_ = false;
+};
 
 }  // namespace talven

@@ -51,7 +51,7 @@ void OutputFile::Flush() {
 
 void OutputFile::Rewind() {
   buffer_.clear();
-  stream_.close();
+  Close();
   OpenReplacing();
 }
 
@@ -63,10 +63,9 @@ void OutputFile::Close() {
 }
 
 void OutputFile::CloseAndDelete() {
-  buffer_.clear();
-  stream_.close();
+  Close();
   std::error_code error;
-  std::filesystem::remove(path_, error);
+  if (!std::filesystem::remove(path_, error)) throw FatalIoError(name_ + ": cannot be deleted");
 }
 
 void OutputFile::Fail(std::string_view what) const {

@@ -20,6 +20,7 @@ class OutputFile {
   ~OutputFile();
 
   void Open(std::string_view name);
+  const std::string& Name() const { return name_; }
   bool IsOpen() const { return stream_.is_open(); }
   void WriteLine(std::string_view line);
   void WriteLine(const Record& record) { WriteLine(record.Text()); }

@@ -58,6 +58,12 @@ TEST(FcfToHkl, ReadsTheWideLayout) {
                   "  -1 -12   3       1234.56        390.11         3.02 <\n"),
             "   1   2   3    400.     20.\n"
             "  -1 -12   3   1235.     35.\n");
+  EXPECT_EQ(Dummy(std::string(54, ' ') + "'x, y, z'\n" + Row("400.00")), "   1   2   3    400.     20.\n")
+      << "a line with blank fields is no row";
+  WriteFile("abc.fcf",
+            "   1   2   3        400.00        390.11         3.02 o\n"
+            "   1   2   4          2.75        390.11 ************ o\n");
+  EXPECT_EQ(RunSession({"abc", "C:"}, kOption6).exit_code, 1) << "by the narrow columns it would be 2";
 }
 
 TEST(FcfToHkl, TellsWhatIsWrong) {

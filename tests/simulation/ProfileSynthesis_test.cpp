@@ -7,6 +7,7 @@
 #include <memory>
 #include <random>
 
+#include "support/TestFiles.h"
 #include "textio/FatalIoError.h"
 
 namespace talven {
@@ -17,6 +18,7 @@ struct Bench {
   std::unique_ptr<ReflectionList> list = std::make_unique<ReflectionList>();
   std::unique_ptr<PatternGrid> grid = std::make_unique<PatternGrid>();
   std::unique_ptr<SynthesisData> work = std::make_unique<SynthesisData>();
+  OutputFile scratch;
   ProfileParameters parameters{.Step = 0.05F, .TwoThetaMin = 4.0F, .SymmetricalPeaks = true};
 
   explicit Bench(std::int32_t points) { grid->PointCount = points; }
@@ -25,7 +27,7 @@ struct Bench {
     list->TwoTheta[j] = two_theta;
     list->F2[j] = f2;
   }
-  void Bin() { BinReflections(*list, parameters, "x.TMP", *grid, *work); }
+  void Bin() { BinReflections(*list, parameters, scratch, *grid, *work); }
   void Run() {
     Bin();
     BroadenPeaks(parameters, *grid, *work);
@@ -75,7 +77,9 @@ TEST(BinReflections, AgreesWithThePlainLoopOnRandomLists) {
 }
 
 TEST(BinReflections, ASumThatTenColumnsCannotHoldIsFatal) {
-  Bench bench(10);
+  test::TestDirectory directory;
+  Bench bench(2);
+  bench.scratch.Open("x.TMP");
   bench.Add(4.06F, 999'999'900.0F);
   EXPECT_NO_THROW(bench.Bin());
   bench.Add(4.06F, 200.0F);
@@ -83,8 +87,10 @@ TEST(BinReflections, ASumThatTenColumnsCannotHoldIsFatal) {
     bench.Bin();
     FAIL();
   } catch (const FatalIoError& error) {
-    EXPECT_STREQ(error.what(), "x.TMP, line 2: expected a bin sum of at most nine digits, found **********");
+    EXPECT_STREQ(error.what(), "x.TMP, line 2: expected a bin sum that fits ten columns, found **********");
   }
+  bench.scratch.Close();
+  EXPECT_EQ(test::ReadFile("x.TMP"), "     4.00           0.\n     4.05   **********\n");
 }
 
 TEST(BroadenPeaks, TailsOfOneStick) {

@@ -88,12 +88,15 @@ TEST(SimulatePattern, WritesAllFilesOfASmallPattern) {
 TEST(SimulationOutputs, TheCpiHeadTellsTheMomentInFieldsOfTwo) {
   TestDirectory directory;
   const auto grid = std::make_unique<PatternGrid>();
+  LineBuffer line;
   PatternFiles files;
   files.ing.Open("ing");
   files.cpi.Open("cpi");
   files.xy.Open("xy");
   files.pat.Open("pat");
-  WriteHeads({"ab", 0.71069F, 0.02F, {2026, 1, 9}, {7, 45, 3}}, *grid, files);
+  WriteHeads({"ab", 0.71069F, 0.02F, {2026, 1, 9}, {7, 45, 3}}, *grid, line, files);
+  line = "";
+  EXPECT_EQ(line.TrimLine(), 8) << "the length of the wavelength line stays behind";
   files.cpi.Close();
   EXPECT_EQ(ReadFile("cpi"),
             " SIETRONICS\n11.000\n0.000\n0.020\n Xx\n0.710690\n 9- 1-2026 at  7:45: 3\n 1\n"

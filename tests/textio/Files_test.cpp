@@ -28,7 +28,7 @@ std::string LinesOf(const std::string& name) {
 
 TEST(InputFile, LineEnds) {
   TestDirectory directory;
-  for (const char* content : {"a\nb \n", "a\r\nb \r\n",
+  for (const char* content : {"a\nb \n", "a\r\nb \r\n", "a\r\r\nb \r\r\n",
                               "\xEF\xBB\xBF"
                               "a\nb ",
                               "a\nb \r"}) {
@@ -53,6 +53,7 @@ TEST(InputFile, OpensOnlyFiles) {
   fs::create_directory("folder.INS");
   EXPECT_EQ(LinesOf("folder.INS"), "(not open)");
   EXPECT_EQ(LinesOf("nothing"), "(not open)");
+  EXPECT_EQ(LinesOf("/dev/zero"), "(not open)");
 }
 
 TEST(FileNames, AreComparedWithoutCase) {

@@ -63,7 +63,7 @@ TEST(FormState, TypedTextIsTestedAndParsed) {
   for (const char* good : {"5", " 0.05 ", "1e-2", "+2"}) EXPECT_FALSE(form.Refusal(1014, good)) << good;
 
   FormState limits = Load(kIndexLimitForm);
-  for (const char* bad : {"1.5", "1e3", "123456789012", "x"})
+  for (const char* bad : {"1.5", "1e3", "123456789012", "x", "12-5", "-"})
     EXPECT_EQ(limits.Refusal(1019, bad), "a whole number") << bad;
   EXPECT_FALSE(limits.Refusal(1019, "")) << "a field without a range may be emptied";
   limits.EditText(1019, "");
@@ -76,6 +76,7 @@ TEST(FormState, TypedTextIsTestedAndParsed) {
   FormState comparison = Load(kComparisonForm);
   comparison.EditText(1030, "");
   EXPECT_EQ(comparison.Real(1030), -999.0F);
+  EXPECT_TRUE(comparison.Refusal(1030, "1e39")) << "no stored real holds it";
   comparison.EditText(1030, "-2.5");
   EXPECT_EQ(comparison.Real(1030), -2.5F);
 }

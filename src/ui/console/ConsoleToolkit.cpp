@@ -69,12 +69,12 @@ int ConsoleToolkit::AskMessage(const Message& message) {
 std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
   messages_ << "[file] " << TrimRight(request.title) << std::endl;
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
-    if (answer->empty() || *answer == "cancel") return std::nullopt;
+    if (answer->empty() || EqualsIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
     std::error_code error;
     auto path = std::filesystem::absolute(FindForWriting(*answer).value_or(ToPath(*answer)), error);
     if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name).filename();
-    path = path.lexically_normal();
-    if (std::filesystem::is_directory(path.parent_path(), error)) return FromPath(path);
+    const auto folder = std::filesystem::canonical(path.parent_path(), error);
+    if (!error && std::filesystem::is_directory(folder, error)) return FromPath(folder / path.filename());
     answers_.Refuse(*answer, "expected the path of a file or folder whose folder exists, a blank line or cancel");
   }
   return std::nullopt;

@@ -33,6 +33,13 @@ FormAnswer Refused(std::string reason) {
   return {.button = {}, .refusal = std::move(reason)};
 }
 
+/// A number of digits alone.
+std::optional<std::int32_t> ReadNumber(std::string_view text) {
+  text = Trim(text);
+  if (text.empty() || text.find_first_not_of("0123456789") != std::string_view::npos) return std::nullopt;
+  return ReadI(text);
+}
+
 FormAnswer AnswerCheck(FormState& form, int id, std::string_view value) {
   if (value != "on" && value != "off") return Refused("expected on or off");
   form.SetCheck(id, value == "on");
@@ -42,7 +49,7 @@ FormAnswer AnswerCheck(FormState& form, int id, std::string_view value) {
 FormAnswer AnswerRadio(FormState& form, const FieldSpec& spec, std::string_view value) {
   const std::size_t count = form.RadioGroup(spec.id).size();
   if (!spec.begins_group) return Refused("not the first button of its group: choose by the first one's id");
-  const auto number = Trim(value).empty() ? std::nullopt : ReadI(value);
+  const auto number = ReadNumber(value);
   if (!number || !form.ChooseRadio(spec.id, *number))
     return Refused("expected the number of a button, 1 to " + std::to_string(count));
   return {};
@@ -50,14 +57,14 @@ FormAnswer AnswerRadio(FormState& form, const FieldSpec& spec, std::string_view 
 
 FormAnswer AnswerField(FormState& form, int id, std::string_view value) {
   const FormState::Field* const field = form.Find(id);
-  if (field == nullptr) return Refused("the form has no such field");
-  if (!field->is_enabled) return Refused("the field is disabled");
+  if (field == nullptr) return Refused("the form has no such field: expected one of those shown");
+  if (!field->is_enabled) return Refused("the field is disabled: expected another one");
   const FieldSpec& spec = *field->spec;
   switch (spec.kind) {
     case FieldKind::kStatic:
     case FieldKind::kGroupBox:
     case FieldKind::kButton:
-      return Refused("the field can't be filled");
+      return Refused("the field can't be filled: expected another one");
     case FieldKind::kCheck:
       return AnswerCheck(form, id, Trim(value));
     case FieldKind::kRadio:
@@ -95,7 +102,7 @@ FormAnswer AnswerForm(FormState& form, std::string_view answer) {
   if (word == "ok") return PressButton(form, kOkButton);
   if (word == "exit") return PressButton(form, kExitButton);
   const std::size_t equals = answer.find('=');
-  const auto id = equals == std::string_view::npos || equals == 0 ? std::nullopt : ReadI(answer.substr(0, equals));
+  const auto id = equals == std::string_view::npos ? std::nullopt : ReadNumber(answer.substr(0, equals));
   if (!id) return Refused("expected ID=VALUE, ok or exit");
   return AnswerField(form, *id, answer.substr(equals + 1));
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <utility>
 
 #include "textio/FieldFormat.h"
@@ -13,6 +14,7 @@ namespace talven {
 namespace {
 
 constexpr double kEmptyFieldValue = -999.0;
+constexpr std::size_t kIntegerCharacters = 11;
 
 std::string ShortestText(double value) {
   std::array<char, 32> text;
@@ -21,6 +23,7 @@ std::string ShortestText(double value) {
 }
 
 std::string FormatReal(double value, RealFormat format) {
+  if (format.width == 0) return ShortestText(value);
   std::string text(static_cast<std::size_t>(format.width), ' ');
   FormatF(text, value, format.decimals);
   return std::string(Trim(text));
@@ -29,12 +32,16 @@ std::string FormatReal(double value, RealFormat format) {
 }  // namespace
 
 bool IsTypableInteger(std::string_view text) {
-  return text.find_first_not_of("0123456789+-") == std::string_view::npos && text.size() <= 11;
+  return text.find_first_not_of("0123456789+-") == std::string_view::npos && text.size() <= kIntegerCharacters;
 }
 
 std::optional<double> ParseFieldNumber(FieldKind kind, std::string_view text) {
   text = Trim(text);
-  if (kind != FieldKind::kRealEdit && !IsTypableInteger(text)) return std::nullopt;
+  if (kind != FieldKind::kRealEdit) {
+    const bool has_sign = text.starts_with('+') || text.starts_with('-');
+    const bool is_whole = text.substr(has_sign ? 1 : 0).find_first_not_of("0123456789") == std::string_view::npos;
+    if (!is_whole || text.size() > kIntegerCharacters) return std::nullopt;
+  }
   return ReadReal<double>(text);
 }
 
@@ -135,7 +142,7 @@ std::optional<std::string> FormState::Refusal(int id, std::string_view text) con
   const Range& range = field->spec->range;
   if (Trim(text).empty() && (!range.IsSet() || field->spec->text.empty())) return std::nullopt;
   const auto value = ParseFieldNumber(field->spec->kind, text);
-  if (value && range.Accepts(*value)) return std::nullopt;
+  if (value && range.Accepts(*value) && std::isfinite(Store(*value))) return std::nullopt;
   std::string wanted = field->spec->kind == FieldKind::kRealEdit ? "a number" : "a whole number";
   if (range.IsSet()) wanted += " from " + DescribeRange(range);
   return wanted;

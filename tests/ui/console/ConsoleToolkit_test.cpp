@@ -84,11 +84,15 @@ TEST(ConsoleToolkit, RefusalsTellLineAnswerAndWhatIsAccepted) {
            Case{"# c\n\n1014=5.5\n",
                 "answer in line 3 of the input refused: 1014=5.5: expected a number from 0.001 to 5"},
            {"1014=0,05\n", "answer in line 1 of the input refused: 1014=0,05: expected a number from 0.001 to 5"},
-           {"4711=1\n", "answer in line 1 of the input refused: 4711=1: the form has no such field"},
-           {"1016=3\n", "answer in line 1 of the input refused: 1016=3: the field is disabled"},
-           {"1002=3\n", "answer in line 1 of the input refused: 1002=3: the field can't be filled"},
+           {"4711=1\n",
+            "answer in line 1 of the input refused: 4711=1: the form has no such field: expected one of those "
+            "shown"},
+           {"1016=3\n", "answer in line 1 of the input refused: 1016=3: the field is disabled: expected another one"},
+           {"1002=3\n",
+            "answer in line 1 of the input refused: 1002=3: the field can't be filled: expected another one"},
            {"1015=yes\n", "answer in line 1 of the input refused: 1015=yes: expected on or off"},
            {"1006=4\n", "answer in line 1 of the input refused: 1006=4: expected the number of a button, 1 to 3"},
+           {"1006= 0 3\n", "answer in line 1 of the input refused: 1006= 0 3: expected the number of a button, 1 to 3"},
            {"1006=\n", "answer in line 1 of the input refused: 1006=: expected the number of a button, 1 to 3"},
            {"1007=1\n",
             "answer in line 1 of the input refused: 1007=1: not the first button of its group: choose by "
