@@ -31,6 +31,10 @@ std::string FormatReal(double value, RealFormat format) {
 
 }  // namespace
 
+bool IsTypableInteger(std::string_view text) {
+  return text.find_first_not_of("0123456789+-") == std::string_view::npos && text.size() <= kIntegerCharacters;
+}
+
 std::optional<double> ParseFieldNumber(FieldKind kind, std::string_view text) {
   text = Trim(text);
   if (kind != FieldKind::kRealEdit) {

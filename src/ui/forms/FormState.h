@@ -65,6 +65,9 @@ class FormState {
   std::vector<Field> fields_;
 };
 
+/// What can be typed into an integer field: digits and signs, up to 11 characters.
+bool IsTypableInteger(std::string_view text);
+
 /// The number in the text of a real or integer field, blanks around it ignored; nothing if it is none. An integer field
 /// takes one sign and digits, up to 11 characters.
 std::optional<double> ParseFieldNumber(FieldKind kind, std::string_view text);

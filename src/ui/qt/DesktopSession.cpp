@@ -1,0 +1,41 @@
+#include "ui/qt/DesktopSession.h"
+
+#include <QApplication>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+
+#include "ui/Toolkit.h"
+#include "ui/qt/AppIcon.h"
+#include "ui/qt/MessageDialog.h"
+
+namespace talven {
+namespace {
+
+/// While the session starts. Qt's only fatal message then is that it has no window system, after warnings on the same.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+  if (type != QtFatalMsg) return;
+  std::fputs("talven: no display can be opened; talven-console is the same program on a terminal\n", stderr);
+  std::_Exit(kExitRefused);
+}
+
+}  // namespace
+
+DesktopSession::DesktopSession(int& argc, char** argv) {
+  const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
+  application_ = std::make_unique<QApplication>(argc, argv);
+  qInstallMessageHandler(usual);
+  // The window system switches on the user's locale. Numbers keep their point.
+  std::setlocale(LC_NUMERIC, "C");
+  QGuiApplication::setDesktopFileName("talven");
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+  QGuiApplication::setWindowIcon(AppIcon());
+}
+
+DesktopSession::~DesktopSession() = default;
+
+void ShowFatalError(std::string_view text) {
+  MessageDialog({.icon = MessageIcon::kStop, .text = text, .title = "TALVEN"}, nullptr).exec();
+}
+
+}  // namespace talven

@@ -1,0 +1,41 @@
+#include "ui/qt/FileSelector.h"
+
+#include <QDir>
+#include <QFileDialog>
+
+#include "ui/qt/QtText.h"
+
+namespace talven {
+namespace {
+
+/// A pattern in the spellings that file names have where case counts.
+QString BothCases(const QString& pattern) {
+  if (pattern.isEmpty() || pattern == "*.*") return "*";
+  const QString lower = pattern.toLower();
+  return lower == pattern ? pattern : pattern + ' ' + lower;
+}
+
+}  // namespace
+
+QStringList NameFilters(std::string_view filter, const QString& pattern) {
+  const QStringList items = ToQString(filter).split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < items.size(); i += 2)
+    filters += items[i].trimmed() + " (" + BothCases(items[i + 1].isEmpty() ? pattern : items[i + 1]) + ')';
+  return filters;
+}
+
+std::optional<QString> SelectFile(const FileQuestion& question, QWidget* parent) {
+  const QString name = ToQString(question.name).trimmed();
+  const bool is_pattern = name.contains('*') || name.contains('?');
+  QFileDialog dialog(parent, ToQString(question.title).trimmed(), QDir::currentPath());
+  dialog.setObjectName("files");
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(is_pattern ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  dialog.setNameFilters(NameFilters(question.filter, is_pattern ? name : QString()));
+  if (!is_pattern) dialog.selectFile(name);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+
+}  // namespace talven
