@@ -19,6 +19,9 @@ void SimulateFromHkl(Ui& ui, Program& program) {
 void SimulateFromFcf(Ui& ui, Program& program) {
   SimulatePattern(ui, program.run, program.simulation, 1, program.run.Properties);
 }
+void WriteDummyHkl(Ui& ui, Program& program) {
+  InsToDummyHkl(ui, program.run, program.ins_to_dummy_hkl, program.fcf_to_hkl, program.simulation);
+}
 void WriteHklFromFcf(Ui& ui, Program& program) {
   FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
 }
@@ -30,7 +33,7 @@ constexpr std::array<Handler, 9> kHandlers = {
     nullptr,          // 2  CIF to ING
     nullptr,          // 3  ING to CIF
     nullptr,          // 4  reformat ING
-    nullptr,          // 5  INS to ING or DUMMY.HKL
+    WriteDummyHkl,    // 5  INS to ING or DUMMY.HKL
     WriteHklFromFcf,  // 6  FCF to HKL
     SimulateFromFcf,  // 7  FCF to ING, CPI, XY, PAT
     nullptr,          // 8  ING to ASCII
@@ -70,7 +73,6 @@ void RunOptions(Ui& ui, Program& program) {
     }
     run.StopFlag = 0;
     const Handler handler = kHandlers.at(static_cast<std::size_t>(choice.option - 1));
-    if (handler == nullptr && run.RunMode != 0) return;
     if (handler != nullptr) handler(ui, program);
     if (run.StopFlag == 1) return;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shelx/FcfToHkl.h"
+#include "shelx/InsToDummyHkl.h"
 #include "simulation/SimulationData.h"
 #include "ui/RunState.h"
 
@@ -11,6 +12,7 @@ namespace talven {
 struct Program {
   RunState run;
   SimulationData simulation;
+  InsToDummyHklData ins_to_dummy_hkl;
   FcfToHklData fcf_to_hkl;
 };
 
