@@ -1,5 +1,3 @@
-// Option 5 without the automatic mode: limits, absences and the rows of DUMMY.HKL.
-
 #include <gtest/gtest.h>
 
 #include "support/Session.h"
@@ -77,10 +75,8 @@ TEST(InsToDummyHkl, TellsWhatIsWrong) {
   EXPECT_FALSE(Exists("DUMMY.HKL"));
   EXPECT_EQ(directory.Started(), "mirade.exe abc\n") << "the job name was not folded";
   for (const auto& [cell, found] : {std::pair(" 1 2 3 4 90 90", "6"), {" 1 2 3 4 90 9o 90", "\"9o\""}}) {
-    const SessionResult result = RunCell(cell);
-    EXPECT_EQ(result.exit_code, 1);
-    EXPECT_EQ(result.messages.substr(result.messages.find("fatal")),
-              std::string("fatal I/O error: ABC.INS, line 3: expected 7 numbers after CELL, found ") + found + "\n");
+    const std::string error = std::string("ABC.INS, line 3: expected 7 numbers after CELL, found ") + found + "\n";
+    EXPECT_TRUE(RunCell(cell).messages.ends_with("fatal I/O error: " + error)) << error;
     EXPECT_EQ(ReadFile("DUMMY.HKL"), "");
   }
 }
