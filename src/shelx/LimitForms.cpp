@@ -1,5 +1,7 @@
 #include "shelx/LimitForms.h"
 
+#include <array>
+
 #include "ui/forms/FormCatalogue.h"
 
 namespace talven {
