@@ -108,7 +108,7 @@ TEST(AutomaticRun, StopsAtAnUnsuitableIns) {
   };
   const TestDirectory directory;
   for (const auto& [part, by] : {std::pair("REM SG 9 4 C2/c\n", ""),
-                                 {"SG 9", "SG  ASUN"},
+                                 {"SG 9", "SG  ORGN"},
                                  {"C2/c\n", "C2/c\nREM SG 14\n"},
                                  {"ZERR", "zerr"},
                                  {"UNIT", " UNIT"},
