@@ -20,6 +20,9 @@ void SimulateFromHkl(Ui& ui, Program& program) {
 void SimulateFromFcf(Ui& ui, Program& program) {
   SimulatePattern(ui, program.run, program.simulation, 1, program.run.Properties);
 }
+void WriteDummyHkl(Ui& ui, Program& program) {
+  InsToDummyHkl(ui, program.run, program.ins_to_dummy_hkl, program.fcf_to_hkl, program.simulation);
+}
 void WriteHklFromFcf(Ui& ui, Program& program) {
   FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
 }
@@ -39,14 +42,14 @@ void ConvertTxt(Ui& ui, Program& program) {
   TxtToIng(ui, program.run, program.txt_to_ing);
 }
 
-/// Handlers by option number. An option without a handler goes back to the form.
+/// Handlers by option number.
 using Handler = void (*)(Ui&, Program&);
 constexpr std::array<Handler, 9> kHandlers = {
     SimulateFromHkl,  // 1  HKL to ING, CPI, XY, PAT
     ConvertCif,       // 2  CIF to ING
     ConvertIngToCif,  // 3  ING to CIF
     Reformat,         // 4  reformat ING
-    nullptr,          // 5  INS to ING or DUMMY.HKL
+    WriteDummyHkl,    // 5  INS to ING or DUMMY.HKL
     WriteHklFromFcf,  // 6  FCF to HKL
     SimulateFromFcf,  // 7  FCF to ING, CPI, XY, PAT
     ConvertIngToTxt,  // 8  ING to ASCII
@@ -85,9 +88,7 @@ void RunOptions(Ui& ui, Program& program) {
       if (choice.leave) return;
     }
     run.StopFlag = 0;
-    const Handler handler = kHandlers.at(static_cast<std::size_t>(choice.option - 1));
-    if (handler == nullptr && run.RunMode != 0) return;
-    if (handler != nullptr) handler(ui, program);
+    kHandlers.at(static_cast<std::size_t>(choice.option - 1))(ui, program);
     if (run.StopFlag == 1) return;
   }
 }

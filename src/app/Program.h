@@ -6,6 +6,7 @@
 #include "patterns/ReformatIng.h"
 #include "patterns/TxtToIng.h"
 #include "shelx/FcfToHkl.h"
+#include "shelx/InsToDummyHkl.h"
 #include "simulation/SimulationData.h"
 #include "ui/RunState.h"
 
@@ -15,6 +16,7 @@ namespace talven {
 struct Program {
   RunState run;
   SimulationData simulation;
+  InsToDummyHklData ins_to_dummy_hkl;
   FcfToHklData fcf_to_hkl;
   CifToIngData cif_to_ing;
   ReformatData reformat;

@@ -61,20 +61,43 @@ std::optional<std::uint64_t> ScaleAndRound(double magnitude, int decimals) {
   return *cut >= '5' ? whole + 1 : whole;
 }
 
+/// A field that is filled from its right end.
+class LeftwardField {
+ public:
+  explicit LeftwardField(std::span<char> field) : field_(field), room_(field.size()) {}
+  std::size_t Room() const { return room_; }
+  void Put(char c) {
+    if (room_ > 0) {
+      field_[--room_] = c;
+    } else {
+      too_narrow_ = true;
+    }
+  }
+  void PutDigits(std::uint64_t whole) {
+    for (; whole != 0; whole /= 10) Put(static_cast<char>('0' + whole % 10));
+  }
+  /// Blanks what is left, or shows that the number was too wide.
+  void Finish() {
+    if (too_narrow_) return Asterisks(field_);
+    while (room_ > 0) field_[--room_] = ' ';
+  }
+
+ private:
+  std::span<char> field_;
+  std::size_t room_;
+  bool too_narrow_ = false;
+};
+
 /// Writes sign, digits and point of a number whose digits are those of `whole` with the point before the last
 /// `decimals` of them.
 void PlaceFixed(std::span<char> field, bool negative, std::uint64_t whole, int decimals) {
-  std::array<char, 40> text;
-  char* const end = text.data() + text.size();
-  char* p = end;
-  for (int i = 0; i < decimals; ++i, whole /= 10) *--p = static_cast<char>('0' + whole % 10);
-  *--p = '.';
-  const bool below_one = whole == 0;
-  for (; whole != 0; whole /= 10) *--p = static_cast<char>('0' + whole % 10);
-  const auto length = static_cast<std::size_t>(end - p) + (negative ? 1 : 0);
-  if (below_one && (length < field.size() || decimals == 0)) *--p = '0';
-  if (negative) *--p = '-';
-  RightAlign(field, {p, static_cast<std::size_t>(end - p)});
+  LeftwardField number(field);
+  for (int i = 0; i < decimals; ++i, whole /= 10) number.Put(static_cast<char>('0' + whole % 10));
+  number.Put('.');
+  if (whole == 0 && (number.Room() > (negative ? 1U : 0U) || decimals == 0)) number.Put('0');
+  number.PutDigits(whole);
+  if (negative) number.Put('-');
+  number.Finish();
 }
 
 /// Six significant digits in fixed notation: how many of them are decimals, for 0.1 <= magnitude < 1000000.
@@ -87,9 +110,12 @@ int DecimalsOfSix(double magnitude) {
 }  // namespace
 
 void FormatI(std::span<char> field, std::int64_t value) {
-  std::array<char, 24> text;
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
-  RightAlign(field, {text.data(), static_cast<std::size_t>(end.ptr - text.data())});
+  LeftwardField number(field);
+  const auto bits = static_cast<std::uint64_t>(value);
+  if (value == 0) number.Put('0');
+  number.PutDigits(value < 0 ? 0 - bits : bits);
+  if (value < 0) number.Put('-');
+  number.Finish();
 }
 
 void FormatF(std::span<char> field, double value, int decimals) {

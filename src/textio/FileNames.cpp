@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "textio/FatalIoError.h"
+
 namespace talven {
 namespace {
 
@@ -97,18 +99,31 @@ std::optional<fs::path> FindForWriting(std::string_view name) {
   return FindFolder(path->parent_path()) / path->filename();
 }
 
-bool CopyExisting(std::string_view from, std::string_view to) {
+namespace {
+
+std::error_code Copy(std::string_view from, std::string_view to) {
   const auto source = FindExisting(from);
   const auto target = FindForWriting(to);
-  if (!source || !target) return false;
-  std::error_code error;
-  return fs::copy_file(*source, *target, fs::copy_options::overwrite_existing, error);
+  std::error_code error = std::make_error_code(std::errc::no_such_file_or_directory);
+  if (source && target) fs::copy_file(*source, *target, fs::copy_options::overwrite_existing, error);
+  return error;
 }
 
-void DeleteExisting(std::string_view name) {
+}  // namespace
+
+bool CopyExisting(std::string_view from, std::string_view to) {
+  return !Copy(from, to);
+}
+
+void CopyRequired(std::string_view from, std::string_view to) {
+  if (const std::error_code error = Copy(from, to))
+    throw FatalIoError(std::string(to) + ": cannot be made a copy of " + std::string(from) + ": " + error.message());
+}
+
+bool DeleteExisting(std::string_view name) {
   std::error_code error;
   const auto path = FindExisting(name);
-  if (path && !fs::is_directory(*path, error)) fs::remove(*path, error);
+  return path && !fs::is_directory(*path, error) && fs::remove(*path, error);
 }
 
 }  // namespace talven

@@ -29,7 +29,10 @@ std::optional<std::filesystem::path> FindForWriting(std::string_view name);
 /// Copies a file, replacing what is there; false if that failed.
 bool CopyExisting(std::string_view from, std::string_view to);
 
-/// Deletes a file; a file that is not there is no error.
-void DeleteExisting(std::string_view name);
+/// The same where the copy has to come about: throws FatalIoError if it did not, also where both names mean one file.
+void CopyRequired(std::string_view from, std::string_view to);
+
+/// Deletes a file; a file that is not there is no error. True if one was deleted.
+bool DeleteExisting(std::string_view name);
 
 }  // namespace talven

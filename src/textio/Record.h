@@ -15,6 +15,9 @@ namespace talven {
 /// of this system is far below the capacity; what would pass it is cut.
 class Record {
  public:
+  /// Leaves the characters unset: to clear all of them would cost more than to write most lines.
+  Record() {}  // NOLINT(modernize-use-equals-default)
+
   Record& X(std::size_t count);
   /// The whole text.
   Record& A(std::string_view text);

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
-#include <thread>
 
 #include "app/StartUp.h"
 #include "support/Session.h"
@@ -12,14 +10,6 @@
 
 namespace talven::test {
 namespace {
-
-/// What the program started on exit has left, waited for.
-std::string Started(const TestDirectory& directory) {
-  const std::filesystem::path file = directory.Path() / "../started";
-  for (int tries = 0; tries < 200 && ReadFile(file).back() != '\n'; ++tries)
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  return ReadFile(file);
-}
 
 std::string DirectoryFile(const TestDirectory& directory) {
   return ReadFile(directory.Drive() / "exe/VELDOR/DIR.DEF");
@@ -40,7 +30,7 @@ TEST(Driver, StartByCallerGoesToTheDirectoryOfTheFile) {
   EXPECT_EQ(LineOf(result.output, 5).size(), 44U);
   EXPECT_TRUE(Exists(directory.Path() / "job folder/DUMMY.HKL"));
   EXPECT_EQ(DirectoryFile(directory), before) << "not written on this path";
-  EXPECT_EQ(Started(directory), "mirade.exe abc\n");
+  EXPECT_EQ(directory.Started(), "mirade.exe abc\n");
 }
 
 TEST(Driver, StartByHandAsksAndRewritesTheDirectoryFile) {

@@ -3,10 +3,12 @@
 #include <stdlib.h>
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <sstream>
+#include <thread>
 
 namespace talven::test {
 
@@ -29,6 +31,13 @@ void TestDirectory::WriteProgram(const std::string& name, const std::string& com
   const fs::path path = Drive() / "exe" / name;
   WriteFile(path, "#!/bin/sh\ncd '" + work_.string() + "'\n" + commands + "\n");
   fs::permissions(path, fs::perms::owner_all);
+}
+
+std::string TestDirectory::Started() const {
+  const fs::path file = root_ / "started";
+  for (int tries = 0; tries < 200 && ReadFile(file).back() != '\n'; ++tries)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  return ReadFile(file);
 }
 
 TestDirectory::~TestDirectory() {

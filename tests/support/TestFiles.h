@@ -23,6 +23,8 @@ class TestDirectory {
   std::filesystem::path Drive() const { return root_ / "home/talven/drives/c"; }
   /// Puts a shell script into the place of a program on drive C; it runs in the directory of the job's files.
   void WriteProgram(const std::string& name, const std::string& commands) const;
+  /// What the program started on exit has left, waited for.
+  std::string Started() const;
 
  private:
   std::filesystem::path root_;

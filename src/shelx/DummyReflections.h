@@ -1,0 +1,30 @@
+// The list of all reflections in a box of indices, each of the same made-up intensity.
+//
+//        0  -6   0  100.00    1.00    0.30   34.92       3I4,4F8.2: h, k, l, intensity, sigma, sin theta, 2theta
+#pragma once
+
+#include <cstdint>
+
+#include "simulation/UnitCell.h"
+#include "textio/OutputFile.h"
+
+namespace talven {
+
+struct HklLimits {
+  std::int32_t HMax = 0;
+  std::int32_t KMax = 0;
+  std::int32_t LMax = 0;
+};
+
+/// Half the cell edges in Angstrom, to the nearest whole number, plus one.
+HklLimits LimitsOf(const UnitCell& cell);
+
+/// The lattice whose general absences are left out; none for a primitive one.
+enum class AbsenceRule { kNone, kA, kB, kC, kF, kI };
+
+/// Writes the half of the box with h of 0 and above, without (0,0,0). The rows with h = 0 have no negative l; (0,k,0)
+/// and (0,-k,0) are both there on purpose. Nothing is left out for its Bragg angle: where sin theta passes 1 the 2theta
+/// column holds 0.90. A limit below 0 leaves no rows.
+void WriteDummyReflections(const UnitCell& cell, const HklLimits& limits, AbsenceRule rule, OutputFile& hkl);
+
+}  // namespace talven

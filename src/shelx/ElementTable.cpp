@@ -1,0 +1,52 @@
+#include "shelx/ElementTable.h"
+
+#include "shelx/InsMarkers.h"
+
+namespace talven {
+
+AtomLabel FoldLabel(const Text80& atom_line) {
+  AtomLabel label = atom_line.First(4);
+  for (std::size_t column = 1; column <= 4; ++column) {
+    char& c = label[column];
+    c = c >= '0' && c <= '9' ? ' ' : UpperCase(c);
+  }
+  return label;
+}
+
+std::int32_t ElementTable::Find(const AtomLabel& label) const {
+  for (std::int32_t i = 1; i <= LabelsInUse; ++i)
+    if (Label[i] == label) return i;
+  return 0;
+}
+
+bool ElementTable::Count(const AtomLabel& label) {
+  std::int32_t position = Find(label);
+  if (position == 0) {
+    if (LabelsInUse == kCapacity) return false;
+    position = ++LabelsInUse;
+    Label[position] = label;
+  }
+  ++LabelCount[position];
+  return true;
+}
+
+std::int32_t ElementTable::PositionOf(const AtomLabel& label) const {
+  const std::int32_t position = Find(label);
+  return position == 0 ? 1 : position;
+}
+
+Record ElementTable::SfacLine() const {
+  Record line;
+  line.A("SFAC ");
+  for (std::int32_t i = 1; i <= LabelsInUse; ++i) line.A(Label[i].View());
+  return line;
+}
+
+Record ElementTable::UnitLine() const {
+  Record line;
+  line.A("UNIT ");
+  for (std::int32_t i = 1; i <= LabelsInUse; ++i) line.I(LabelCount[i], 4);
+  return line;
+}
+
+}  // namespace talven

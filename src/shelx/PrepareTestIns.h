@@ -1,0 +1,17 @@
+// Bringing a job's INS file, in place, to the form that the refinement needs: FMAP 2, LIST 4, no L.S. and no ACTA, and
+// a raw model rewritten.
+#pragma once
+
+#include "shelx/InsCensus.h"
+#include "textio/InputFile.h"
+#include "ui/RunState.h"
+#include "ui/Ui.h"
+
+namespace talven {
+
+/// Normalises job.INS, which is open as `ins` and is open again at its start in the end, and counts its instructions.
+/// The incoming text lies in TEST.INS meanwhile, where it stays after a fatal error. False if a raw model has too many
+/// labels: its text is in place again, and the file closed. Throws FatalIoError.
+bool PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins, InsCensus& census);
+
+}  // namespace talven

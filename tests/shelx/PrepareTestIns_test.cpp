@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "shelx/AtomSerials.h"
+#include "support/Session.h"
+#include "support/TestFiles.h"
+
+namespace talven::test {
+namespace {
+
+/// What an unattended run makes of the INS of job VRAIL.
+std::string Normalised(const std::string& ins) {
+  WriteFile("VRAIL.INS", ins);
+  RunSession({"VRAIL", "C:", "MOLPAK"}, "");
+  return ReadFile("VRAIL.INS");
+}
+
+TEST(PrepareTestIns, NormalisesInPlace) {
+  const TestDirectory directory;
+  const std::string source =
+      "   \nCELL 0.7 2.9 2.9 2.9\t90 90 90 \n\nREM SG 2 P-1\nl.s. 4\n"
+      "L.S. 567890123456789012345678901234567890123456789012345678901234567890123456789012\n"
+      "ACTA\n ACTA\nFVAR 1.0\nFMAP 9 9\nLISTING\nFVAR 2.0\nC1 1 0.1 0.2 =\n 0.3\nHKLF 4\nEND\n";
+  const std::string result =
+      "     \n"  // As many blanks as the job name has letters: that was the last text measured.
+      "CELL 0.7 2.9 2.9 2.9 90 90 90\n                             \nREM SG 2 P-1\nl.s. 4\n"
+      "    L.S. 56789012345678901234567890123456789012345678901234567890123456789012345\n"
+      "    ACTA\n ACTA\nLIST 4\nFMAP 2\nFVAR 1.0\nFMAP 2\nLIST 4\nFVAR 2.0\nC1 1 0.1 0.2 =\n 0.3\nHKLF 4\nEND\n";
+  EXPECT_EQ(Normalised(source), result);
+  EXPECT_EQ(Normalised(result), result) << "and that changes nothing any more";
+  EXPECT_EQ(Normalised(std::string("\xEF\xBB\xBF").append(Replaced(source, "\n", "\r\n"))), result);
+  EXPECT_EQ(Count(Normalised("FVAR\nFVAR\nFMAP\n"), "LIST 4\nFMAP 2\nFVAR\n"), 2);
+}
+
+TEST(PrepareTestIns, RewritesARawModel) {
+  const TestDirectory directory;
+  EXPECT_EQ(Normalised("TITL raw model\nREM WMIN\n"
+                       "CELL 0.7 2.9 2.9 2.9 90 90 90\n"
+                       "REM SG 1 2 P1\nREM SG  ASUN 7 7\nREM SG 14 128 P21/c\n"
+                       "FVAR 0.25 1.0\n"
+                       "O1     1   0.12340   0.50000   0.25000 11.0 0.05\n"
+                       "C7     1   0.2,-1.3 0.4\n"
+                       "h8     1   1.E-1 123456 0\n"
+                       "Cl1    1   0.1 0.1 0.1\n"
+                       "C1A    1   0.1 0.1 0.1\n"
+                       "HKLF 3\nnot an atom\n"),
+            "TITL raw model\nREM XWMIN\n"
+            "CELL 0.7 2.9 2.9 2.9 90 90 90\nZERR ** .002 .002 .002 0. 0. 0.\n"
+            "REM SG 1 2 P1\nREM SG  ASUN 7 7\nREM SG 14 128 P21/c\n"
+            "SFAC O   C   H   CL  C A\nUNIT    1   1   1   1   1\n"
+            "LIST 4\nFMAP 2\nFVAR\n"
+            "O1     1    0.123    0.500    0.250 11.0 .05\n"
+            "C1     2    0.200   -1.300    0.400 11.0 .05\n"
+            "H1     3    0.100*********    0.000 11.0 .05\n"
+            "CL2    4    0.100    0.100    0.100 11.0 .05\n"
+            "C3A    5    0.100    0.100    0.100 11.0 .05\n"
+            "HKLF 4\n");
+}
+
+TEST(AtomSerials, FromTheNinetyNinthOn) {
+  AtomSerials serials;
+  const AtomLabel carbon("C"), hydrogen("H"), chlorine("CL");
+  for (int i = 1; i <= 98; ++i) serials.Number(carbon);
+  for (const char* label : {"C99 ", "C99 "}) EXPECT_EQ(serials.Number(carbon).View(), label);
+  for (int i = 1; i <= 9; ++i) serials.Number(chlorine);
+  EXPECT_EQ(serials.Number(chlorine).View(), "CL10");
+  EXPECT_EQ(serials.Number(AtomLabel("C A")).View(), "C11 ") << "the second digit takes the letter's column";
+  for (int i = 12; i <= 99; ++i) serials.Number(chlorine);
+  EXPECT_EQ(serials.Number(hydrogen).View(), "H1  ");
+  EXPECT_EQ(serials.Number(chlorine).View(), "CL  ");
+  EXPECT_EQ(serials.Number(hydrogen).View(), "H99 ") << "held in the place of the counter that ran over";
+}
+
+std::string Model(int labels) {
+  std::string model = "TITL\nREM WMIN\nCELL 0.7 2.9 2.9 2.9 90 90 90\nREM SG 2 2 P-1\nFVAR\n";
+  for (int i = 0; i < labels; ++i) model.append(1, static_cast<char>('B' + i)).append("      1  .1 .2 .3\n");
+  return model + "HKLF 4\n";
+}
+
+TEST(PrepareTestIns, HasRoomForTwentyLabels) {
+  const TestDirectory directory;
+  const std::string twenty = Normalised(Model(20));
+  EXPECT_EQ(LineOf(twenty, 6), "SFAC B   C   D   E   F   G   H   I   J   K   L   M   N   O   P   Q   R   S   T");
+  EXPECT_EQ(Count(twenty, "U18   20    0.100"), 1) << twenty;
+  EXPECT_EQ(Normalised(Model(21)), Model(21)) << "put back";
+  EXPECT_FALSE(Exists("TEST.INS"));
+  EXPECT_EQ(RunSession({"vrail", "C:", "MOLPAK"}, "").Boxes(), "More than 20 Labels in INS File\n");
+}
+
+/// Expects a fatal error of an unattended run on the job's INS, and the incoming text in the file where it is then.
+void ExpectFatal(const char* job, const std::string& ins, const std::string& error, const char* kept) {
+  EXPECT_EQ(RunSession({job, "C:", "MOLPAK"}, "").messages, "fatal I/O error: " + error + "\n");
+  EXPECT_EQ(ReadFile(kept), ins) << error;
+}
+
+TEST(PrepareTestIns, KeepsTheIncomingTextOfWhatCannotBeRewritten) {
+  for (const auto& [part, by, error] : {
+           std::tuple("FVAR\n", "", "7: expected a line FVAR, found end of file"),
+           {"HKLF", "HKL", "8: expected an atom or a line HKLF, found end of file"},
+           {"2 2 P-1", "P-1", "4: expected 2 numbers after REM SG, found \"P-1\""},
+           {".1 .2 .3", ".1 .2", "6: expected 3 numbers behind column 8 of an atom, found 2"},
+           {".1 .2 .3", ".1 x .3", "6: expected 3 numbers behind column 8 of an atom, found \"x\""},
+       }) {
+    const TestDirectory directory;
+    const std::string ins = Replaced(Model(1), part, by);
+    WriteFile("ABC.INS", ins);
+    ExpectFatal("ABC", ins, std::string("TEST.INS, line ") + error, "TEST.INS");
+  }
+}
+
+TEST(PrepareTestIns, KeepsTheIncomingTextOnAFullDiskAndOfAJobNamedTest) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  const std::string model = Model(12);
+  const auto expect_full = [&model](std::size_t room, const char* error, const char* kept) {
+    const TestDirectory directory;
+    WriteFile("abc.ins", model);
+    const rlimit limit{room, RLIM_INFINITY}, unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    ExpectFatal("abc", model, error, kept);
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+  };
+  expect_full(model.size() + 9, "ABC.INS: cannot be written: File too large", "TEST.INS");
+  expect_full(model.size() - 9, "TEST.INS: cannot be made a copy of ABC.INS: File too large", "abc.ins");
+
+  const TestDirectory directory;
+  WriteFile("test.ins", model);
+  ExpectFatal("Test", model, "TEST.INS: cannot be made a copy of TEST.INS: File exists", "test.ins");
+}
+
+}  // namespace
+}  // namespace talven::test
