@@ -3,6 +3,7 @@
 #include <array>
 
 #include "app/StartUp.h"
+#include "comparison/ComparePatterns.h"
 #include "patterns/IngToCif.h"
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
@@ -82,6 +83,7 @@ void RunOptions(Ui& ui, Program& program) {
     if (run.RunMode == 0) {
       choice = AskOption(ui.toolkit);
       if (choice.compare) {
+        ComparePatterns(ui, program.comparison);
         ui.toolkit.WGrAreaClear();
         continue;
       }
@@ -109,6 +111,7 @@ int Leave(Ui& ui, const RunState& run, std::int32_t first_argument_length) {
 int RunDriver(Ui& ui, Program& program) {
   const std::int32_t first_argument_length = StartUp(ui, program.run);
   RunOptions(ui, program);
+  CloseComparisonLog(program.comparison);
   return Leave(ui, program.run, first_argument_length);
 }
 

@@ -1,6 +1,7 @@
 // Everything that lives as long as the process.
 #pragma once
 
+#include "comparison/ComparePatterns.h"
 #include "patterns/CifToIng.h"
 #include "patterns/IngToTxt.h"
 #include "patterns/ReformatIng.h"
@@ -22,6 +23,7 @@ struct Program {
   ReformatData reformat;
   IngToTxtData ing_to_txt;
   TxtToIngData txt_to_ing;
+  ComparisonData comparison;
 };
 
 }  // namespace talven

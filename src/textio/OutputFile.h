@@ -24,6 +24,8 @@ class OutputFile {
   bool IsOpen() const { return stream_.is_open(); }
   void WriteLine(std::string_view line);
   void WriteLine(const Record& record) { WriteLine(record.Text()); }
+  /// Hands what was written to the system, so that others can read it.
+  void Flush();
   /// Goes back to the start, and drops what was written: the next line is the first again.
   void Rewind();
   void Close();
@@ -31,7 +33,6 @@ class OutputFile {
 
  private:
   void OpenReplacing();
-  void Flush();
   [[noreturn]] void Fail(std::string_view what) const;
 
   std::string name_;

@@ -1,0 +1,22 @@
+// The peaks of one powder pattern, as a peak list file gives them.
+#pragma once
+
+#include <cstdint>
+
+#include "textio/Array1.h"
+
+namespace talven {
+
+inline constexpr std::int32_t kPeakCapacity = 100;
+
+/// Peaks 1 to `count`. Slots above the count keep what stood there before, and the band scan of a very short list looks
+/// at them.
+struct PeakList {
+  std::int32_t count = 0;
+  /// Position in degrees 2theta.
+  Array1<float, kPeakCapacity> TwoTheta;
+  /// Peak height; after normalising the strongest peak has 99000.
+  Array1<float, kPeakCapacity> Intensity;
+};
+
+}  // namespace talven

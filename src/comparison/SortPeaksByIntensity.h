@@ -1,0 +1,12 @@
+// The order in which peaks are matched.
+#pragma once
+
+#include "comparison/PeakList.h"
+
+namespace talven {
+
+/// Sorts the peaks of a list, strongest first. Peaks of equal intensity stand in the order that this very sort gives,
+/// and as the first four decide on a score, no other will do.
+void SortPeaksByIntensity(PeakList& list);
+
+}  // namespace talven
