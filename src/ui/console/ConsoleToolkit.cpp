@@ -26,16 +26,26 @@ ConsoleToolkit::ConsoleToolkit(const std::vector<std::string>& arguments, std::i
     : Toolkit(arguments), output_(output), messages_(messages), answers_(input, messages, is_interactive) {}
 
 void ConsoleToolkit::WGrTextAt(float /*x*/, float /*y*/, std::string_view text) {
-  output_ << TrimRight(text) << std::endl;
-  if (!output_) throw FatalIoError("standard output: cannot be written");
+  output_ << TrimRight(text) << '\n';
+}
+
+void ConsoleToolkit::FlushPane() {
+  if (!output_.flush()) throw FatalIoError("standard output: cannot be written");
+}
+
+void ConsoleToolkit::Tell(std::string_view lines) {
+  FlushPane();
+  messages_ << lines << std::flush;
 }
 
 std::optional<int> ConsoleToolkit::IOsCommand(std::string_view command, int flags) {
+  FlushPane();
   if ((flags & kWait) != 0) return RunAndWait(command);
   return StartDetached(command) ? std::optional(0) : std::nullopt;
 }
 
 int ConsoleToolkit::RunForm(FormState& form) {
+  FlushPane();
   PrintForm(form, messages_);
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kSkip)) {
     const FormAnswer outcome = AnswerForm(form, *answer);
@@ -46,13 +56,15 @@ int ConsoleToolkit::RunForm(FormState& form) {
 }
 
 int ConsoleToolkit::AskMessage(const Message& message) {
+  std::string lines;
   std::string_view rest = message.text;
   while (true) {
     const std::size_t end = rest.find('\r');
-    messages_ << "[message] " << rest.substr(0, end) << std::endl;
+    lines.append("[message] ").append(rest.substr(0, end)).append("\n");
     if (end == std::string_view::npos) break;
     rest.remove_prefix(end + 1);
   }
+  Tell(lines);
   const std::vector<MessageButton> buttons = MessageButtons(message.type);
   if (buttons.size() == 1) return buttons.front().answer;
   std::string wanted;
@@ -67,13 +79,14 @@ int ConsoleToolkit::AskMessage(const Message& message) {
 }
 
 std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
-  messages_ << "[file] " << TrimRight(request.title) << std::endl;
+  Tell(std::string("[file] ").append(TrimRight(request.title)).append("\n"));
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
     if (answer->empty() || EqualsIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
     std::error_code error;
-    auto path = std::filesystem::absolute(FindForWriting(*answer).value_or(ToPath(*answer)), error);
+    auto path = FindForWriting(*answer).value_or(ToPath(*answer));
     if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name).filename();
-    const auto folder = std::filesystem::canonical(path.parent_path(), error);
+    const auto folder = path.has_parent_path() ? std::filesystem::canonical(path.parent_path(), error)
+                                               : std::filesystem::current_path(error);
     if (!error && std::filesystem::is_directory(folder, error)) return FromPath(folder / path.filename());
     answers_.Refuse(*answer, "expected the path of a file or folder whose folder exists, a blank line or cancel");
   }

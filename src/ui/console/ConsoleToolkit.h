@@ -25,7 +25,7 @@ class ConsoleToolkit : public Toolkit {
   void WInitialise(std::string_view) override {}
   void WSoundSwitch(std::string_view) override {}
   void WindowOpen(const WindowRecord&) override {}
-  void WindowClose() override {}
+  void WindowClose() override { FlushPane(); }
   void WGrTextSetup(int) override {}
   void WGrTextFont(int, double, double, int) override {}
   void IGrUnits(double, double, double, double) override {}
@@ -42,6 +42,12 @@ class ConsoleToolkit : public Toolkit {
   std::optional<std::string> AskFile(const FileRequest& request) override;
 
  private:
+  /// Sends the pane lines on their way: before anything is asked, another program started or the window closed. Throws
+  /// FatalIoError.
+  void FlushPane();
+  /// Writes whole lines to the messages, behind the pane lines so far.
+  void Tell(std::string_view lines);
+
   std::ostream& output_;
   std::ostream& messages_;
   AnswerReader answers_;
