@@ -10,8 +10,10 @@ namespace talven {
 
 /// The text without its trailing blanks.
 constexpr std::string_view TrimRight(std::string_view text) {
-  const std::size_t last = text.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+  constexpr std::string_view kEightBlanks = "        ";
+  while (text.ends_with(kEightBlanks)) text.remove_suffix(kEightBlanks.size());
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  return text;
 }
 
 /// The text without leading and trailing blanks.

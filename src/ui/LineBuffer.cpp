@@ -4,7 +4,7 @@ namespace talven {
 
 void BlankControlCharacters(Text80& line) {
   for (std::size_t column = 1; column <= 80; ++column)
-    if (static_cast<unsigned char>(line[column]) < ' ') line[column] = ' ';
+    line[column] = static_cast<unsigned char>(line[column]) < ' ' ? ' ' : line[column];
 }
 
 std::int32_t LineBuffer::TrimLine() {
