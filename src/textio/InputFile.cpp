@@ -28,15 +28,18 @@ bool InputFile::Open(std::string_view name) {
   Close();
   name_ = TrimRight(name);
   const auto path = FindExisting(name_);
+  if (!path) return false;
   std::error_code error;
-  // A folder can't be read, and a device might have no end.
-  if (!path || !(std::filesystem::is_regular_file(*path, error) || std::filesystem::is_fifo(*path, error)))
-    return false;
+  std::uintmax_t size = std::filesystem::file_size(*path, error);
+  if (error) {
+    // Only a file tells its size: a folder can't be read, and a device might have no end.
+    if (!std::filesystem::is_fifo(*path, error)) return false;
+    size = 0;
+  }
   std::ifstream stream(*path, std::ios::binary);
   if (!stream) return false;
-  const std::uintmax_t size = std::filesystem::file_size(*path, error);
   try {
-    if (!ReadWhole(stream, error ? 0 : size, content_)) throw FatalIoError(name_ + ": cannot be read");
+    if (!ReadWhole(stream, size, content_)) throw FatalIoError(name_ + ": cannot be read");
   } catch (const std::bad_alloc&) {
     throw FatalIoError(name_ + ": cannot be read: there is not enough memory");
   }

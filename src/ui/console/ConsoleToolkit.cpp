@@ -85,8 +85,8 @@ std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
     std::error_code error;
     auto path = FindForWriting(*answer).value_or(ToPath(*answer));
     if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name).filename();
-    const auto folder = path.has_parent_path() ? std::filesystem::canonical(path.parent_path(), error)
-                                               : std::filesystem::current_path(error);
+    if (!path.has_parent_path()) return FromPath(std::filesystem::current_path(error) / path);
+    const auto folder = std::filesystem::canonical(path.parent_path(), error);
     if (!error && std::filesystem::is_directory(folder, error)) return FromPath(folder / path.filename());
     answers_.Refuse(*answer, "expected the path of a file or folder whose folder exists, a blank line or cancel");
   }
