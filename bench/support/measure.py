@@ -3,6 +3,7 @@ import os
 import pathlib
 import statistics
 import subprocess
+import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BIN = ROOT / 'build/release/bin'
@@ -13,10 +14,13 @@ USAGE = BIN / 'bench_usage'
 
 def run_once(command, cwd, answers=None, env=None):
     """User and system seconds, and the largest resident size in MiB."""
-    with open(answers or os.devnull, 'rb') as stdin:
-        result = subprocess.run([str(c) for c in (USAGE, *command)], cwd=cwd, stdin=stdin, stdout=subprocess.DEVNULL,
-                                stderr=subprocess.PIPE, env=env, check=True)
-    _, seconds, kib = result.stderr.decode('latin-1').split('\n')[-2].split()
+    # Messages go to a file: whoever empties a pipe takes time from the program.
+    with open(answers or os.devnull, 'rb') as stdin, tempfile.TemporaryFile() as messages:
+        subprocess.run([str(c) for c in (USAGE, *command)], cwd=cwd, stdin=stdin, stdout=subprocess.DEVNULL,
+                       stderr=messages, env=env, check=True)
+        messages.seek(0)
+        figures = messages.read().decode('latin-1').split('\n')[-2]
+    _, seconds, kib = figures.split()
     return float(seconds), int(kib) / 1024
 
 

@@ -20,8 +20,8 @@ struct ComparisonData {
   LineCleaner Cleaner;
   FileStem Stem;
   std::int32_t StemLength = 0;
-  /// In and out of the file selector. On purpose: in between it takes the length of the directory's name, so that a
-  /// directory of 8 characters has the pane cleared.
+  /// In and out of the file selector. On purpose: in between it takes the length of the directory's name, so that 8
+  /// characters have the pane cleared, and 99 are taken for a cancel.
   std::int32_t SelectorStatus = 0;
   /// Sample peaks without a partner in the last comparison. On purpose: the field of Btres is filled from it.
   std::int32_t NotMatchedS = 0;
