@@ -28,7 +28,7 @@ void PrintUsage(std::string_view program, std::ostream& stream) {
          "\n"
          "  JOB     name of the job, at most 20 characters: its files are JOB.INS, JOB.HKL and so on\n"
          "  DRIVE   drive letter of the installation, as C or C:\n"
-         "  MOLPAK  runs option 5 once, with fixed settings and no questions\n"
+         "  MOLPAK  runs option 5 once, an automatic job with fixed settings and no questions\n"
          "\n"
          "Without arguments the job and its directory are asked for. With a job the working directory is the one in\n"
          "the directory file DRIVE:\\exe\\VELDOR\\DIR.DEF, which every start without arguments rewrites.\n"

@@ -13,7 +13,8 @@ constexpr std::int32_t kWidestGap = 200;
 
 /// What is left of a step behind its whole multiples of `unit`, of which `per_degree` make a degree.
 float RestBehindMultiples(float step, double unit, double per_degree) {
-  return Store(step - Truncate(Store(step * per_degree)) * unit);
+  const float multiples = std::trunc(Store(step * per_degree));
+  return Store(step - multiples * unit);
 }
 
 /// Fills the empty cells from `empty` to the next set cell. False if there is none within reach. On purpose the

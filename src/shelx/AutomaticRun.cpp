@@ -19,7 +19,7 @@ void DeleteOldFcf(const RunState& run) {
 void ReplaceJobList(Toolkit& toolkit, const RunState& run) {
   const std::string list = run.JobFile(".HKL");
   toolkit.IOsDeleteFile(list);
-  toolkit.IOsCopyFile(kDummyList, list);
+  toolkit.IOsCopyFile(kDummyList, list, Spelling::kExact);
 }
 
 /// As in `C:\exe\kvrl97.exe ABC C: AUTO`. Whether it could be started, and its exit code, show in the FCF alone.

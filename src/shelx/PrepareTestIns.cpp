@@ -18,12 +18,12 @@ constexpr std::string_view kFmapLine = "FMAP 2";
 /// copied onto itself.
 void MoveToTestIns(const std::string& ins_name) {
   if (ins_name != kTestIns) DeleteExisting(kTestIns);
-  CopyRequired(ins_name, kTestIns);
+  CopyRequired(ins_name, kTestIns, Spelling::kExact);
   DeleteExisting(ins_name);
 }
 
 void PutBack(const std::string& ins_name) {
-  CopyRequired(kTestIns, ins_name);
+  CopyRequired(kTestIns, ins_name, Spelling::kExact);
   DeleteExisting(kTestIns);
 }
 
@@ -78,7 +78,7 @@ bool PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins, InsCensus& cens
   MoveToTestIns(ins_name);
   ui.ShowLine(ins_name);
   OutputFile normalised;
-  normalised.Open(ins_name);
+  normalised.Open(ins_name, Spelling::kExact);
   InputFile source;
   source.OpenRequired(kTestIns);
   if (NeedsRewriting(source)) {
@@ -88,10 +88,11 @@ bool PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins, InsCensus& cens
       PutBack(ins_name);
       return false;
     }
-    // The rewritten text is held in memory while its file is replaced, so that TEST.INS keeps the incoming one.
-    source.OpenRequired(ins_name);
+    DeleteExisting(kTestIns);
+    CopyRequired(ins_name, kTestIns, Spelling::kExact);
     ui.ShowLine(ins_name);
-    normalised.Open(ins_name);
+    normalised.Open(ins_name, Spelling::kExact);
+    source.OpenRequired(kTestIns);
   }
   Normalise(ui.line, source, normalised, census);
   normalised.Close();

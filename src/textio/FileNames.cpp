@@ -92,8 +92,9 @@ std::optional<fs::path> FindExisting(std::string_view name) {
   return FindEntry(FindFolder(path->parent_path()), path->filename());
 }
 
-std::optional<fs::path> FindForWriting(std::string_view name) {
-  if (auto existing = FindExisting(name)) return existing;
+std::optional<fs::path> FindForWriting(std::string_view name, Spelling spelling) {
+  auto existing = spelling == Spelling::kAny ? FindExisting(name) : std::nullopt;
+  if (existing) return existing;
   const auto path = NativePath(name);
   if (!path) return std::nullopt;
   return FindFolder(path->parent_path()) / path->filename();
@@ -101,9 +102,9 @@ std::optional<fs::path> FindForWriting(std::string_view name) {
 
 namespace {
 
-std::error_code Copy(std::string_view from, std::string_view to) {
+std::error_code Copy(std::string_view from, std::string_view to, Spelling spelling) {
   const auto source = FindExisting(from);
-  const auto target = FindForWriting(to);
+  const auto target = FindForWriting(to, spelling);
   std::error_code error = std::make_error_code(std::errc::no_such_file_or_directory);
   if (source && target) fs::copy_file(*source, *target, fs::copy_options::overwrite_existing, error);
   return error;
@@ -111,12 +112,12 @@ std::error_code Copy(std::string_view from, std::string_view to) {
 
 }  // namespace
 
-bool CopyExisting(std::string_view from, std::string_view to) {
-  return !Copy(from, to);
+bool CopyExisting(std::string_view from, std::string_view to, Spelling spelling) {
+  return !Copy(from, to, spelling);
 }
 
-void CopyRequired(std::string_view from, std::string_view to) {
-  if (const std::error_code error = Copy(from, to))
+void CopyRequired(std::string_view from, std::string_view to, Spelling spelling) {
+  if (const std::error_code error = Copy(from, to, spelling))
     throw FatalIoError(std::string(to) + ": cannot be made a copy of " + std::string(from) + ": " + error.message());
 }
 

@@ -22,15 +22,19 @@ std::optional<std::filesystem::path> NativePath(std::string_view name);
 /// in sorted order), in every part of the path. Nothing if there is none.
 std::optional<std::filesystem::path> FindExisting(std::string_view name);
 
-/// The file to write for a name: the existing one under any spelling, else the name as it stands, below the folders
-/// that exist under any spelling. Nothing for a drive that is none.
-std::optional<std::filesystem::path> FindForWriting(std::string_view name);
+/// Which existing file is replaced: one that differs in case too, or only one of the very name. The latter is for a
+/// name whose file has just been deleted: another spelling that is still there is somebody else's.
+enum class Spelling { kAny, kExact };
+
+/// The file to write for a name: the existing one, else the name as it stands, below the folders that exist under any
+/// spelling. Nothing for a drive that is none.
+std::optional<std::filesystem::path> FindForWriting(std::string_view name, Spelling spelling = Spelling::kAny);
 
 /// Copies a file, replacing what is there; false if that failed.
-bool CopyExisting(std::string_view from, std::string_view to);
+bool CopyExisting(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
 
 /// The same where the copy has to come about: throws FatalIoError if it did not, also where both names mean one file.
-void CopyRequired(std::string_view from, std::string_view to);
+void CopyRequired(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
 
 /// Deletes a file; a file that is not there is no error. True if one was deleted.
 bool DeleteExisting(std::string_view name);

@@ -18,10 +18,10 @@ OutputFile::~OutputFile() {
   if (stream_.is_open()) stream_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
 }
 
-void OutputFile::Open(std::string_view name) {
+void OutputFile::Open(std::string_view name, Spelling spelling) {
   if (stream_.is_open()) Close();
   name_ = TrimRight(name);
-  const auto path = FindForWriting(name_);
+  const auto path = FindForWriting(name_, spelling);
   if (!path) throw FatalIoError(name_ + ": cannot be opened for writing: there is no such drive");
   path_ = *path;
   stream_.rdbuf()->pubsetbuf(nullptr, 0);  // Lines are gathered here, so the stream needs no buffer of its own.

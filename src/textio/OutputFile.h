@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "textio/FileNames.h"
 #include "textio/Record.h"
 
 namespace talven {
@@ -19,7 +20,7 @@ class OutputFile {
   /// Writes out what is left without a further check: after a fatal error files stay as far as they came.
   ~OutputFile();
 
-  void Open(std::string_view name);
+  void Open(std::string_view name, Spelling spelling = Spelling::kAny);
   const std::string& Name() const { return name_; }
   bool IsOpen() const { return stream_.is_open(); }
   void WriteLine(std::string_view line);

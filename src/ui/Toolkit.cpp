@@ -175,8 +175,8 @@ ClockTime Toolkit::IOsTime() const {
   return {now.tm_hour, now.tm_min, now.tm_sec};
 }
 
-void Toolkit::IOsCopyFile(std::string_view from, std::string_view to) {
-  CopyExisting(from, to);
+void Toolkit::IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling) {
+  CopyExisting(from, to, spelling);
 }
 
 void Toolkit::IOsDeleteFile(std::string_view name) {

@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "textio/FileNames.h"
 #include "ui/forms/FormState.h"
 
 namespace talven {
@@ -128,7 +129,7 @@ class Toolkit {
   virtual ClockTime IOsTime() const;
   /// Waits while the window is served; 0 does nothing.
   virtual void IOsWait(int hundredths) = 0;
-  void IOsCopyFile(std::string_view from, std::string_view to);
+  void IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
   void IOsDeleteFile(std::string_view name);
   /// Starts a program; with flag 2 returns when it has finished, with its exit code, or nothing if it could not be
   /// started.

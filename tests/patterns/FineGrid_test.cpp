@@ -12,8 +12,9 @@ namespace talven::test {
 namespace {
 
 TEST(FineGrid, ChoosesTheStepOfThePattern) {
-  for (const auto& [step, fine] : {std::pair(0.05F, 0.01F), std::pair(0.29F, 0.01F), std::pair(0.57F, 0.01F),
-                                   std::pair(0.025F, 0.005F), std::pair(0.012F, 7.0F), std::pair(0.01002F, 7.0F)}) {
+  for (const auto& [step, fine] :
+       {std::pair(0.05F, 0.01F), std::pair(0.29F, 0.01F), std::pair(0.57F, 0.01F), std::pair(3e7F, 0.01F),
+        std::pair(0.025F, 0.005F), std::pair(0.012F, 7.0F), std::pair(0.01002F, 7.0F)}) {
     float FineStep = 7.0F;
     ChooseFineStep(step, FineStep);
     EXPECT_EQ(FineStep, fine) << step;

@@ -31,6 +31,9 @@ TEST(PrepareTestIns, NormalisesInPlace) {
   EXPECT_EQ(Normalised(source), result);
   EXPECT_EQ(Normalised(result), result) << "and that changes nothing any more";
   EXPECT_EQ(Normalised(std::string("\xEF\xBB\xBF").append(Replaced(source, "\n", "\r\n"))), result);
+  WriteFile("vrail.ins", "somebody else's");
+  EXPECT_EQ(Normalised(result), result);
+  EXPECT_EQ(ReadFile("vrail.ins"), "somebody else's") << "another spelling beside the exact one is left alone";
   EXPECT_EQ(Count(Normalised("FVAR\nFVAR\nFMAP\n"), "LIST 4\nFMAP 2\nFVAR\n"), 2);
 }
 
