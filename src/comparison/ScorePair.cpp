@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <span>
 
 #include "textio/Numbers.h"
 
@@ -30,14 +32,27 @@ void CountPair(const ComparedPair& pair, std::int32_t i, std::int32_t j, PairSco
   if (i <= kStrongest && j <= kStrongest) score.T4RS += 1.0F;
 }
 
+/// Numbers of the peaks of a list, by rising position: what is near one angle lies together.
+std::span<const std::int32_t> OrderByPosition(const PeakList& list, PartnerList& numbers) {
+  const auto order = numbers.Range(1, list.count);
+  std::iota(order.begin(), order.end(), 1);
+  std::ranges::sort(order, {}, [&list](std::int32_t j) { return list.TwoTheta[j]; });
+  return order;
+}
+
 /// Counts every pair of peaks within AngTol: a peak may belong to several.
 void MatchPeaks(const ComparedPair& pair, double AngTol, PairScore& score) {
   PartnerList reference_partners;
   PartnerList sample_partners;
+  PartnerList numbers;
+  const auto order = OrderByPosition(pair.Sample, numbers);
+  const auto sample_position = [&pair](std::int32_t j) -> double { return pair.Sample.TwoTheta[j]; };
   for (std::int32_t i = 1; i <= pair.Reference.count; ++i) {
     const double position = pair.Reference.TwoTheta[i];
-    for (std::int32_t j = 1; j <= pair.Sample.count; ++j) {
-      if (!(std::abs(position - pair.Sample.TwoTheta[j]) < AngTol)) continue;
+    auto near = std::ranges::partition_point(
+        order, [&](double sample) { return position - sample >= AngTol; }, sample_position);
+    for (; near != order.end() && sample_position(*near) - position < AngTol; ++near) {
+      const std::int32_t j = *near;
       reference_partners[i] = i;
       sample_partners[j] = i;
       CountPair(pair, i, j, score);
