@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "textio/FatalIoError.h"
+
 namespace talven::test {
 
 /// A new empty directory, current while the object lives, with a data home inside it that holds the directory file of
@@ -42,5 +44,16 @@ int CountLines(const std::string& text);
 /// How often a text holds another, and the text with each of them replaced.
 int Count(std::string_view text, std::string_view part);
 std::string Replaced(std::string text, std::string_view part, std::string_view by);
+
+/// The text of the fatal error that a call throws.
+template <typename Call>
+std::string ErrorOf(const Call& call) {
+  try {
+    call();
+  } catch (const FatalIoError& error) {
+    return error.what();
+  }
+  return "(no error)";
+}
 
 }  // namespace talven::test
