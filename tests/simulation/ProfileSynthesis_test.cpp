@@ -26,16 +26,11 @@ struct Bench {
     list->F2[list->ReflectionCount] = f2;
   }
   void Bin() { BinReflections(*list, parameters, scratch, *grid, *work); }
-  /// A stick of 1000 in the middle of the bin of point 200, with its tails.
-  void BroadenOneStick() {
-    Add(4.0F + 199.5F * 0.05F, 1000.0F);
-    Bin();
-    BroadenPeaks(parameters, *grid, *work);
-  }
+  void Broaden() { BroadenPeaks(parameters, *grid, *work); }
   /// The highest point of a whole synthesis.
   float Highest() {
     Bin();
-    BroadenPeaks(parameters, *grid, *work);
+    Broaden();
     ApplyPowderCorrection(parameters, *grid);
     FinishIntensities(*grid, *work);
     return std::ranges::max(grid->Profile.Range(1, grid->PointCount));
@@ -82,25 +77,26 @@ TEST(BinReflections, ASumThatTenColumnsCannotHoldIsFatal) {
 }
 
 TEST(BroadenPeaks, TailsAndHeightsOfOneStick) {
-  using Row = std::tuple<float, bool, std::int32_t, std::int32_t, float>;
-  for (const auto& [broadening, symmetrical, low_length, high_length, height] :
-       {Row{1.0F, false, 10, 5, 1000.0F}, Row{1.0F, true, 10, 10, 1000.0F}, Row{2.0F, false, 20, 10, 1213.06F},
-        Row{2.0F, true, 20, 20, 1213.06F}, Row{3.0F, true, 30, 30, 1433.06F}, Row{10.0F, false, 100, 50, 1809.67F},
-        Row{10.0F, true, 100, 100, 1809.67F}, Row{0.5F, true, 10, 10, 1000.0F}, Row{12.0F, false, 100, 50, 1809.67F}}) {
+  using Row = std::tuple<float, bool, std::int32_t, std::int32_t, std::vector<float>>;
+  // Heights from the fourth point below the stick; the stick itself is raised to the first low-angle value.
+  for (const auto& [broadening, symmetrical, low_length, high_length, heights] :
+       {Row{1.0F, false, 10, 5, {36.63F, 99.57F, 270.67F, 735.76F, 1000.0F, 270.67F, 36.63F, 4.96F, 0.67F}},
+        Row{1.0F, true, 10, 10, {36.63F}}, Row{2.0F, false, 20, 10, {270.67F, 446.26F, 735.76F, 1213.06F, 1213.06F}},
+        Row{2.0F, true, 20, 20, {270.67F}}, Row{10.0F, false, 100, 50, {1340.64F, 1481.64F, 1637.46F, 1809.67F}},
+        Row{10.0F, true, 100, 100, {1340.64F}}, Row{0.5F, true, 10, 10, {36.63F}},
+        Row{12.0F, false, 100, 50, {1340.64F}}}) {
     Bench bench(400);
     bench.parameters.Broadening = broadening;
     bench.parameters.SymmetricalPeaks = symmetrical;
-    bench.BroadenOneStick();
+    bench.Add(4.0F + 199.5F * 0.05F, 1000.0F);  // in the middle of the bin of point 200
+    bench.Bin();
+    bench.Broaden();
     const auto& profile = bench.grid->Profile;
-    EXPECT_TRUE(profile[200 - low_length] > 0.0F && profile[200 - low_length - 1] == 0.0F) << broadening;
-    EXPECT_TRUE(profile[200 + high_length] > 0.0F && profile[200 + high_length + 1] == 0.0F) << broadening;
-    EXPECT_NEAR(profile[200], height, 0.005F) << "raised to the first low-angle tail value";
+    EXPECT_TRUE(profile[200 - low_length] > 0.0F && profile[199 - low_length] == 0.0F) << broadening;
+    EXPECT_TRUE(profile[200 + high_length] > 0.0F && profile[201 + high_length] == 0.0F) << broadening;
+    std::int32_t i = 196;
+    for (const float height : heights) EXPECT_NEAR(profile[i++], height, 0.005F) << broadening;
   }
-  Bench bench(400);
-  bench.BroadenOneStick();
-  std::int32_t i = 196;
-  for (const float expected : {36.63F, 99.57F, 270.67F, 735.76F, 1000.0F, 270.67F, 36.63F, 4.96F, 0.67F})
-    EXPECT_NEAR(bench.grid->Profile[i++], expected, 0.005F);
 }
 
 /// The tails as a plain loop with an exponential for every point.
@@ -134,7 +130,7 @@ TEST(BroadenPeaks, AgreesWithThePlainLoopOnRandomSticks) {
     bench.Bin();
     auto plain = std::make_unique<PatternGrid>(*bench.grid);
     BroadenPlainly(bench.parameters, *plain);
-    BroadenPeaks(bench.parameters, *bench.grid, *bench.work);
+    bench.Broaden();
     EXPECT_TRUE(std::ranges::equal(bench.grid->Profile.Range(1, 2000), plain->Profile.Range(1, 2000))) << round;
   }
 }
@@ -143,13 +139,12 @@ TEST(PowderCorrection, FactorsAndFloor) {
   using Row = std::pair<float, double>;
   for (const auto& [angle, p] : {Row{4.0F, 1642.07}, Row{10.0F, 263.29}, Row{20.0F, 66.33}, Row{30.0F, 29.87},
                                  Row{40.0F, 17.13}, Row{60.0F, 8.08}}) {
-    auto grid = std::make_unique<PatternGrid>();
-    grid->PointCount = 2;
-    grid->GridAngle[1] = grid->GridAngle[2] = angle;
-    grid->Profile[2] = 1000.0F;
-    for (const bool applied : {true, false}) ApplyPowderCorrection({.PowderCorrection = applied}, *grid);
-    EXPECT_NEAR(grid->Profile[2] / 1000.0, p, 0.005) << angle;
-    EXPECT_NEAR(grid->Profile[1], 2.0 * p, 0.01) << "the floor of 2 is corrected too";
+    const Bench bench(2);
+    bench.grid->GridAngle[1] = bench.grid->GridAngle[2] = angle;
+    bench.grid->Profile[2] = 1000.0F;
+    for (const bool applied : {true, false}) ApplyPowderCorrection({.PowderCorrection = applied}, *bench.grid);
+    EXPECT_NEAR(bench.grid->Profile[2] / 1000.0, p, 0.005) << angle;
+    EXPECT_NEAR(bench.grid->Profile[1], 2.0 * p, 0.01) << "the floor of 2 is corrected too";
   }
 }
 
