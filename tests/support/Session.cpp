@@ -12,11 +12,10 @@
 namespace talven::test {
 namespace {
 
-constexpr int kBannerLines = 6;
-
+/// What comes behind the six lines of the banner.
 std::string BehindBanner(const std::string& output) {
   std::size_t begin = 0;
-  for (int line = 0; line < kBannerLines && begin < output.size(); ++line) begin = output.find('\n', begin) + 1;
+  for (int line = 0; line < 6 && begin < output.size(); ++line) begin = output.find('\n', begin) + 1;
   return output.substr(begin);
 }
 
@@ -41,14 +40,12 @@ SessionResult RunSession(const std::vector<std::string>& arguments, const std::s
   return {exit_code, BehindBanner(output.str()), output.str(), messages.str()};
 }
 
-std::string TalvenConsole() {
-  return TALVEN_CONSOLE;
-}
+const std::string kTalvenConsole = TALVEN_CONSOLE;
 
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection) {
   WriteFile("../answers", answers);
   const std::string command =
-      "'" + TalvenConsole() + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
+      "'" + kTalvenConsole + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
   const int status = std::system(command.c_str());
   const int exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
   const std::string output = ReadFile("../output");

@@ -1,11 +1,10 @@
 // Files of a test: a directory of its own, and reading and writing there.
 #pragma once
 
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <string_view>
-
-#include "textio/FatalIoError.h"
 
 namespace talven::test {
 
@@ -45,12 +44,12 @@ int CountLines(const std::string& text);
 int Count(std::string_view text, std::string_view part);
 std::string Replaced(std::string text, std::string_view part, std::string_view by);
 
-/// The text of the fatal error that a call throws.
+/// The text of the error that a call throws.
 template <typename Call>
 std::string ErrorOf(const Call& call) {
   try {
     call();
-  } catch (const FatalIoError& error) {
+  } catch (const std::exception& error) {
     return error.what();
   }
   return "(no error)";

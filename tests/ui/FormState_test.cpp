@@ -6,17 +6,6 @@
 #include "ui/forms/FormCatalogue.h"
 
 namespace talven {
-namespace {
-
-TEST(FormCatalogue, FieldsLieInsideTheirFormsAndAcceptTheirDefaults) {
-  for (int id = kBannerForm; id <= kComparisonForm; ++id) {
-    const FormSpec& form = *FindForm(id);
-    for (const auto& [field, kind, text, at, is_set, begins_group, label, range, format] : form.fields)
-      EXPECT_TRUE(at.x > 0 && at.y > 0 && at.x + at.width <= form.width && at.y + at.height <= form.height &&
-                  !FormState(form).Refusal(field, text))
-          << id << ' ' << field;
-  }
-}
 
 TEST(FormState, PutsOutsideTheRangeAreRefusedInSilence) {
   using Row = std::tuple<int, int, float, std::optional<RealFormat>, float, const char*>;
@@ -67,5 +56,4 @@ TEST(FormState, RadioGroups) {
   EXPECT_TRUE(form.ChosenRadio(1006) == 3 && form.IsSet(1008) && !form.IsSet(1006));
 }
 
-}  // namespace
 }  // namespace talven

@@ -62,8 +62,7 @@ TEST(SelectPeakFile, GivesTheStemOfThePath) {
     DrawingToolkit toolkit(answers);
     PeakFileSelector selector;
     FileStem found("old");
-    std::int32_t found_length = -7;
-    std::int32_t found_status = status == kClearAfterSelection ? status : 0;
+    std::int32_t found_length = -7, found_status = status == kClearAfterSelection ? status : 0;
     selector.SelectPeakFile(toolkit.ui, "Find REFERENCE LST file", found, found_length, found_status);
     EXPECT_EQ(std::tuple(found.Trimmed(), found_length, found_status), std::tuple(stem, length, status)) << answers;
     EXPECT_EQ(toolkit.messages.str().find(blank) != std::string::npos, answers.starts_with("my file")) << answers;

@@ -15,11 +15,12 @@ struct Terminal {
   explicit Terminal(const std::string& answers, bool is_interactive = false)
       : input(answers), toolkit({"talven"}, input, output, messages, is_interactive) {}
 
-  /// Shows a form, with its field 1016 disabled.
-  void Show(int form) {
+  /// Shows a form, with its field 1016 disabled, and gives the button that ended it.
+  int Show(int form) {
     toolkit.WDialogLoad(form);
     toolkit.WDialogFieldState(1016, 0);
     toolkit.WDialogShow(-1, -1, 0, kModal);
+    return toolkit.WDialogQuery(kExitButtonQuery);
   }
 
   std::istringstream input;
@@ -29,46 +30,35 @@ struct Terminal {
 
 TEST(ConsoleToolkit, ShowsAndFillsAForm) {
   Terminal terminal("# a comment\n\n1014=0.02\r\n 1015=on \n1006=3\n1013= 1.2\nok\n1014=9\n");
-  Toolkit& toolkit = terminal.toolkit;
-  terminal.Show(kPatternForm);
+  EXPECT_EQ(terminal.Show(kPatternForm), kOkButton);
   const std::string shown = terminal.messages.str();
   EXPECT_TRUE(shown.starts_with("[form 104]\n  1004 Powder Pattern Properties\n")) << shown;
   for (const char* line :
        {"\n  1006 Cu 1.54: 1 (1 to 3) chosen\n", "\n  1007 Mo .71069\n", "\n  1014 STEP Size: 0.050 (0.001 to 5)\n",
         "\n  1015 Set 2Theta Max. to: off\n", "\n  1016 2Theta Max.: 40.000 (0.001 to 360) (disabled)\n", "\n  1 OK\n"})
     EXPECT_NE(shown.find(line), std::string::npos) << line;
-  EXPECT_TRUE(toolkit.WDialogGetReal(1014) == 0.02F && toolkit.WDialogGetReal(1013) == 1.2F);
-  EXPECT_TRUE(toolkit.WDialogGetCheckBox(1015) == 1 && toolkit.WDialogGetRadioButton(1006) == 3);
-  EXPECT_EQ(toolkit.WDialogQuery(kExitButtonQuery), kOkButton);
-  toolkit.WDialogUnload(kPatternForm);
-  EXPECT_EQ(toolkit.WDialogGetReal(1014), 0.0F) << "no form is current any more";
-  for (const auto& [form, button] : {std::pair(kOptionForm, kExitButton), std::pair(kAbsenceForm, kOkButton)}) {
-    Terminal ended("");
-    ended.Show(form);
-    EXPECT_EQ(ended.toolkit.WDialogQuery(kExitButtonQuery), button) << "the end of the input presses exit, if any";
-  }
+  EXPECT_TRUE(terminal.toolkit.WDialogGetReal(1014) == 0.02F && terminal.toolkit.WDialogGetReal(1013) == 1.2F);
+  EXPECT_TRUE(terminal.toolkit.WDialogGetCheckBox(1015) == 1 && terminal.toolkit.WDialogGetRadioButton(1006) == 3);
+  terminal.toolkit.WDialogUnload(kPatternForm);
+  EXPECT_EQ(terminal.toolkit.WDialogGetReal(1014), 0.0F) << "no form is current any more";
+  EXPECT_EQ(Terminal("").Show(kOptionForm), kExitButton) << "at the end of the input";
+  EXPECT_EQ(Terminal("").Show(kAbsenceForm), kOkButton) << "a form without exit";
 }
 
 TEST(ConsoleToolkit, RefusalsTellLineAnswerAndWhatIsAccepted) {
+  const std::string button = "expected the number of a button, 1 to 3";
   using Row = std::pair<std::string, std::string>;
   for (const auto& [answer, reason] :
        {Row{"1014=5.5", "expected a number from 0.001 to 5"}, Row{"1014=0,05", "expected a number from 0.001 to 5"},
         Row{"4711=1", "the form has no such field: expected one of those shown"},
         Row{"1016=3", "the field is disabled: expected another one"},
         Row{"1002=3", "the field can't be filled: expected another one"}, Row{"1015=yes", "expected on or off"},
-        Row{"1006=4", "expected the number of a button, 1 to 3"},
-        Row{"1006= 0 3", "expected the number of a button, 1 to 3"},
-        Row{"1006=", "expected the number of a button, 1 to 3"},
+        Row{"1006=4", button}, Row{"1006= 0 3", button}, Row{"1006=", button},
         Row{"1007=1", "not the first button of its group: choose by the first one's id"},
         Row{"exit", "the form has no such button: expected ok or ID=VALUE"},
         Row{"hello", "expected ID=VALUE, ok or exit"}}) {
-    std::string refusal;
-    try {
-      Terminal("# c\n\n" + answer + "\n").Show(kPatternForm);
-    } catch (const RefusedAnswer& refused) {
-      refusal = refused.what();
-    }
-    EXPECT_EQ(refusal, "answer in line 3 of the input refused: " + answer + ": " + reason);
+    EXPECT_EQ(test::ErrorOf([&] { Terminal("# c\n\n" + answer + "\n").Show(kPatternForm); }),
+              "answer in line 3 of the input refused: " + answer + ": " + reason);
     Terminal person(answer + "\n1014=0.1\nok\n", true);
     person.Show(kPatternForm);
     EXPECT_EQ(person.toolkit.WDialogGetReal(1014), 0.1F) << "a person may answer again";
@@ -76,7 +66,7 @@ TEST(ConsoleToolkit, RefusalsTellLineAnswerAndWhatIsAccepted) {
   }
 }
 
-TEST(ConsoleToolkit, MessageBoxes) {
+TEST(ConsoleToolkit, MessageBoxesAndFileSelector) {
   Terminal terminal("yes\nNo\n");
   const auto outcome = [&terminal](MessageType type) {
     terminal.toolkit.WMessageBox({.type = type, .text = "one\rtwo"});
@@ -85,30 +75,20 @@ TEST(ConsoleToolkit, MessageBoxes) {
   EXPECT_EQ(outcome(MessageType::kOk), 1);
   EXPECT_EQ(terminal.messages.str(), "[message] one\n[message] two\n");
   for (const int answer : {1, 2, 2}) EXPECT_EQ(outcome(MessageType::kYesNo), answer);  // yes, no, the end of the input
-  EXPECT_THROW(Terminal("maybe\n").toolkit.WMessageBox({.type = MessageType::kYesNo}), RefusedAnswer);
-}
-
-TEST(ConsoleToolkit, FileSelectorMovesTheDirectoryOnlyIfAsked) {
-  test::TestDirectory directory;
-  std::filesystem::create_directory("Sub");
-  Terminal terminal("sub\nnone/x.LST\n");
   std::string name = "job.HKL";
-  terminal.toolkit.WSelectFile("f|*.*|", 0, name, "Title");
-  EXPECT_EQ(name, (directory.Path() / "Sub/job.HKL").string()) << "a folder keeps the proposed name";
-  EXPECT_EQ(std::filesystem::current_path(), directory.Path());
-  EXPECT_THROW(terminal.toolkit.WSelectFile("f|*.*|", kKeepDirectory, name, "Title"), RefusedAnswer);
+  EXPECT_THROW(Terminal("none/x.LST\n").toolkit.WSelectFile("f|*.*|", 0, name, "Title"), RefusedAnswer);
+  EXPECT_THROW(Terminal("maybe\n").toolkit.WMessageBox({.type = MessageType::kYesNo}), RefusedAnswer);
 }
 
 TEST(ConsoleToolkit, RunsAProgramAndWaits) {
   test::TestDirectory directory;
   directory.WriteProgram("work.exe", "printf '%s|' \"$@\" >args; exit 3");
-  directory.WriteProgram("plain", "exit 4");  // looked for without .exe too
+  directory.WriteProgram("plain", "exit 4");
   Terminal terminal("");
-  using Row = std::pair<const char*, std::optional<int>>;
-  for (const auto& [command, code] :
-       {Row{"C:\\EXE\\work.exe ABC C: AUTO", 3}, Row{"C:\\exe\\plain.exe", 4}, Row{"C:\\exe\\none.exe ABC", {}}})
-    EXPECT_EQ(terminal.toolkit.IOsCommand(command, kWait), code);
+  EXPECT_EQ(terminal.toolkit.IOsCommand("C:\\EXE\\work.exe ABC C: AUTO", kWait), 3);
   EXPECT_EQ(test::ReadFile("args"), "ABC|C:|AUTO|");
+  EXPECT_EQ(terminal.toolkit.IOsCommand("C:\\exe\\plain.exe", kWait), 4) << "looked for without .exe too";
+  EXPECT_FALSE(terminal.toolkit.IOsCommand("C:\\exe\\none.exe ABC", kWait));
 }
 
 }  // namespace
