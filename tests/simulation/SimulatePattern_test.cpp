@@ -2,247 +2,215 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <memory>
+#include <ctime>
+#include <iomanip>
+#include <sstream>
 
-#include "simulation/SimulationOutputs.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
+#include "textio/Record.h"
 
 namespace talven::test {
 namespace {
 
-constexpr const char* kCubicIns = "TITL a\nCELL 0.71073 4 4 4 90 90 90\n";
-constexpr const char* kTwoRows =
+const std::string kCubicIns = "TITL a\nCELL 0.71073 4 4 4 90 90 90\n";
+const std::string kTwoRows =
     "   1   0   0  100.00    1.00\n   1   1   0   50.00    1.00\n   0   0   0    0.00    0.00\n";
+const std::string kTwoReflections = "    1   0   0     22.20     100.00\n    1   1   0     31.59      50.00\n";
 /// Four points, at 10, 15, 20 and 25 degrees, and nothing but the sticks and their tails.
-constexpr const char* kFourPoints = "1014=5\n1030=10\n1018=off\n1024=off\nok\n";
+constexpr const char* kFourPoints = "ok\n1014=5\n1030=10\n1018=off\n1024=off\nok\n";
 
-SessionResult Simulate(const std::string& answers, const std::string& option = "") {
-  return RunSession({"abc", "C:"}, option + "ok\n" + answers + "exit\n");
+struct SimulatePattern : testing::Test, TestDirectory {};
+
+/// A session on a job of an INS file and reflections, which stand in its HKL and FCF files. Those without text are
+/// not there.
+SessionResult Simulate(const std::string& ins, const std::string& rows, const std::string& answers) {
+  if (!ins.empty()) WriteFile("ABC.Ins", ins);
+  for (const char* name : {"abc.hkl", "Abc.FCF"})
+    if (!rows.empty()) WriteFile(name, rows);
+  return RunSession({"abc", "C:"}, answers + "exit\n");
 }
 
-void WriteJob(const std::string& ins, const std::string& hkl) {
-  WriteFile("abc.INS", ins);
-  WriteFile("abc.HKL", hkl);
-}
-
-TEST(SimulatePattern, WritesAllFilesOfASmallPattern) {
+/// SBRAG.LST after a run as "1 0 2 5.00, ", without its angles and intensities of 10.
+std::string Listed(const std::string& cell, const std::string& rows, const std::string& answers) {
   TestDirectory directory;
-  WriteJob(kCubicIns, kTwoRows);
-  const SessionResult result = Simulate(kFourPoints);
-  EXPECT_EQ(result.exit_code, 0);
+  Simulate("CELL 1 " + cell + "\n", rows, answers + "ok\n");
+  std::istringstream stream(ReadFile("SBRAG.LST"));
+  std::string text;
+  for (std::string h, k, l, angle, f2; stream >> h >> k >> l >> angle >> f2;)
+    text.append(h + " " + k + " " + l).append(f2 == "10.00" ? "" : " " + f2).append(", ");
+  return text;
+}
+
+/// Rows of an HKL file for "1 0 2, ", of intensity 10.
+std::string Hkl(const std::string& indices) {
+  std::istringstream stream(Replaced(indices, ",", ""));
+  std::string text;
+  for (int h = 0, k = 0, l = 0; stream >> h >> k >> l;)
+    text.append(Record().I(h, 4).I(k, 4).I(l, 4).Text()).append("   10.00    1.00\n");
+  return text;
+}
+
+TEST_F(SimulatePattern, WritesAllFilesOfASmallPattern) {
+  const std::time_t now = std::time(nullptr);
+  const std::string moment = (std::ostringstream() << std::put_time(std::localtime(&now), "%d-%m-%Y at ")).str();
+  const SessionResult result = Simulate(kCubicIns, kTwoRows, kFourPoints);
   EXPECT_EQ(result.pane,
-            "abc.INS\n"
-            "   Reading\n"
-            "  CELL\n"
-            "   0.710730   4.0000   4.0000   4.0000  90.0000  90.0000  90.0000\n"
-            "  Volume     64.000\n"
-            "   CALCULATING\n"
-            "   Reflections read            2\n"
-            "   Total reflections           2\n"
-            "   REMOVING DUPLICATES\n"
-            "\n"
-            "     abc\n"
-            "   1.540000\n"
-            "          3\n"
-            "         32\n"
-            "      5.000\n"
-            "          1\n"
-            "          4\n"
-            "\n"
-            "abc.ING (+CPI, XY, PAT) written\n");
+            "abc.INS\n   Reading\n  CELL\n   0.710730   4.0000   4.0000   4.0000  90.0000  90.0000  90.0000\n"
+            "  Volume     64.000\n   CALCULATING\n   Reflections read            2\n   Total reflections           2\n"
+            "   REMOVING DUPLICATES\n\n     abc\n   1.540000\n          3\n         32\n      5.000\n          1\n"
+            "          4\n\nabc.ING (+CPI, XY, PAT) written\n");
   EXPECT_EQ(result.Boxes(), "abc.ING (+CPI, XY, PAT) written\n");
   EXPECT_EQ(ReadFile("abc.ING"),
-            "abc (Talven)\n"
-            "   1.540000\n"
-            "     10.000\n"
-            "     25.000\n"
-            "      5.000\n"
-            "  1000\n"
-            "     4\n"
-            "    10.00           2.\n"
-            "    15.00          74.\n"
-            "    20.00         100.     1   0   0\n"
-            "    25.00          27.\n");
+            "abc (Talven)\n   1.540000\n     10.000\n     25.000\n      5.000\n  1000\n     4\n    10.00           2.\n"
+            "    15.00          74.\n    20.00         100.     1   0   0\n    25.00          27.\n");
   EXPECT_EQ(ReadFile("abc.XY"),
-            " REM Mirade/Talven Shelx HKL to powder XY\n"
-            "     10.0000        2.00000    \n"
-            "     15.0000        73.5759    \n"
-            "     20.0000        100.000    \n"
-            "     25.0000        27.0671    \n");
-  EXPECT_EQ(ReadFile("SBRAG.LST"),
-            "    1   0   0     22.20     100.00\n"
-            "    1   1   0     31.59      50.00\n");
-  EXPECT_EQ(ReadFile("abc.PAT"),
-            " Mirade/Talven Shelx HKL to RIET7 DAT\n"
-            "  \n  \n  \n"
-            "  12.000   5.000  32.000\n");
+            " REM Mirade/Talven Shelx HKL to powder XY\n     10.0000        2.00000    \n"
+            "     15.0000        73.5759    \n     20.0000        100.000    \n     25.0000        27.0671    \n");
+  EXPECT_EQ(ReadFile("SBRAG.LST"), kTwoReflections);
+  EXPECT_EQ(ReadFile("abc.PAT"), " Mirade/Talven Shelx HKL to RIET7 DAT\n  \n  \n  \n  12.000   5.000  32.000\n");
   const std::string cpi = ReadFile("abc.CPI");
-  EXPECT_EQ(Replaced(cpi, LineOf(cpi, 7), "DATE"),
+  const std::string told = LineOf(cpi, 7);
+  EXPECT_TRUE(Replaced(told, " ", "0").starts_with(Replaced(moment, " ", "0")) && told.size() == 22) << told;
+  EXPECT_EQ(Replaced(cpi, told, "DATE"),
             " SIETRONICS\n12.000\n32.000\n5.000\n Xx\n1.540000\nDATE\n 1\n abc from shelx HKL using Talven\n SCANDATA\n"
             "2\n74\n100\n27\n");
   EXPECT_FALSE(Exists("abc.TMP"));
 }
 
-TEST(SimulationOutputs, TheCpiHeadTellsTheMomentInFieldsOfTwo) {
-  TestDirectory directory;
-  const auto grid = std::make_unique<PatternGrid>();
-  LineBuffer line;
-  PatternFiles files;
-  files.ing.Open("ing");
-  files.cpi.Open("cpi");
-  files.xy.Open("xy");
-  files.pat.Open("pat");
-  WriteHeads({"ab", 0.71069F, 0.02F, {2026, 1, 9}, {7, 45, 3}}, *grid, line, files);
-  line = "";
-  EXPECT_EQ(line.TrimLine(), 8) << "the length of the wavelength line stays behind";
-  files.cpi.Close();
-  EXPECT_EQ(ReadFile("cpi"),
-            " SIETRONICS\n11.000\n0.000\n0.020\n Xx\n0.710690\n 9- 1-2026 at  7:45: 3\n 1\n"
-            " ab from shelx HKL using Talven\n SCANDATA\n");
-}
-
-TEST(SimulatePattern, MissingInputsTouchNothing) {
-  TestDirectory directory;
-  WriteFile("abc.ING", "old");
-  EXPECT_EQ(Simulate("").Boxes(), "INS File NOT Found\n");
-  WriteFile("abc.INS", kCubicIns);
-  EXPECT_EQ(Simulate("").Boxes(), "HKL File NOT Found\n");
-  EXPECT_EQ(Simulate("", "1006=7\n").Boxes(), "FCF File NOT Found\n");
-  EXPECT_EQ(ReadFile("abc.ING"), "old");
-  EXPECT_FALSE(Exists("SBRAG.LST"));
-}
-
-TEST(SimulatePattern, RunsWithoutAPatternEndWithAMessage) {
-  struct Case {
-    const char* ins;
-    const char* hkl;
-    const char* answers;
-    const char* box;
-    bool goes_on;
-  };
-  for (const Case& c : {
-           Case{"TITL a\ncell 1 4 4 4 90 90 90\n", kTwoRows, "", "NO CELL Line in INS File\n", false},
-           {"", kTwoRows, "", "NO CELL Line in INS File\n", false},
-           {kCubicIns, "", "ok\n", "NO Reflections in HKL File\n", false},
-           {kCubicIns, "\x01\x02\xFF\n", "ok\n", "NO Reflections in HKL File\n", false},
-           {kCubicIns, "   1 a 0     100.00    1.00\n", "ok\n", "NO Reflections in HKL File\n", false},
-           {kCubicIns, kTwoRows, "1030=32\nok\n", "NO Points above 2Theta Min\n", true},
-           {"CELL 1 0 4 4 90 90 90\n", kTwoRows, "ok\n", "NO Points above 2Theta Min\n", true},
-           {"CELL 1 4 4 4 0 90 180\n", kTwoRows, "ok\n", "NO Points above 2Theta Min\n", true},
-       }) {
-    TestDirectory directory;
-    WriteJob(c.ins, c.hkl);
-    const SessionResult result = Simulate(c.answers);
-    EXPECT_EQ(result.Boxes(), c.box) << c.ins << c.hkl;
-    EXPECT_EQ(result.exit_code, 0);
-    EXPECT_FALSE(Exists("abc.TMP")) << "the scratch file goes in every case";
-    EXPECT_EQ(ReadFile("abc.XY"), "");
-    EXPECT_EQ(Count(result.messages, "[form 103]"), c.goes_on ? 2 : 1) << c.ins << c.hkl;
-  }
-}
-
-TEST(SimulatePattern, AnUnreadableCellIsFatal) {
-  struct Case {
-    const char* cell;
-    const char* error;
-  };
-  for (const Case& c : {Case{"CELL 0.71 4 4 4 90 90", "abc.INS, line 2: expected 7 numbers after CELL, found 6"},
-                        {"CELL 0.71 4 4 x 90 90 90", "abc.INS, line 2: expected 7 numbers after CELL, found \"x\""},
-                        {"CELL 0.71 4 nan 4 90 90 90", "abc.INS, line 2: expected 7 numbers after CELL, found \"nan\""},
-                        {"CELLS 0.71 4 4 4 90 90 90", "abc.INS, line 2: expected 7 numbers after CELL, found \"S\""}}) {
+TEST_F(SimulatePattern, RunsWithoutAPatternTellWhy) {
+  const std::string fatal = "fatal I/O error: abc.INS, line 2: expected 7 numbers after CELL, found ";
+  using Row = std::array<std::string, 4>;
+  for (const auto& [ins, rows, answers, told] :
+       {Row{"", "", "ok\n", "INS File NOT Found\n"}, Row{kCubicIns, "", "ok\n", "HKL File NOT Found\n"},
+        Row{kCubicIns, "", "1006=7\nok\n", "FCF File NOT Found\n"},
+        Row{"TITL a\ncell 1 4 4 4 90 90 90\n", kTwoRows, "ok\n", "NO CELL Line in INS File\n"},
+        Row{kCubicIns, "\x01\x02\xFF\n", "ok\nok\n", "NO Reflections in HKL File\n"},
+        Row{kCubicIns, "\n", "1006=7\nok\nok\n", "NO Reflections in FCF File\n"},
+        Row{kCubicIns, kTwoRows, "ok\n1030=32\nok\n", "NO Points above 2Theta Min\n"},
+        Row{"CELL 1 0 4 4 90 90 90\n", kTwoRows, "ok\nok\n", "NO Points above 2Theta Min\n"},
+        Row{"TITL\nCELL 0.71 4 4 4 90 90", kTwoRows, "ok\n", fatal + "6\n"},
+        Row{"TITL\nCELL 0.71 4 4 x 90 90 90", kTwoRows, "ok\n", fatal + "\"x\"\n"},
+        Row{"TITL\nCELL 0.71 4 nan 4 90 90 90", kTwoRows, "ok\n", fatal + "\"nan\"\n"},
+        Row{"TITL\nCELLS 0.71 4 4 4 90 90 90", kTwoRows, "ok\n", fatal + "\"S\"\n"}}) {
     TestDirectory directory;
     WriteFile("abc.XY", "old");
-    WriteJob(std::string("TITL\n") + c.cell + "\n", kTwoRows);
-    const SessionResult result = Simulate("");
-    EXPECT_EQ(result.exit_code, 1);
-    EXPECT_TRUE(result.messages.ends_with(std::string("fatal I/O error: ") + c.error + "\n")) << result.messages;
-    EXPECT_EQ(ReadFile("abc.XY"), "") << "the outputs have been emptied by then";
+    const SessionResult result = Simulate(ins, rows, answers);
+    const bool is_fatal = told.starts_with("fatal");
+    EXPECT_NE(result.messages.find(told), std::string::npos) << result.messages;
+    EXPECT_EQ(result.exit_code, is_fatal ? 1 : 0) << told;
+    EXPECT_EQ(ReadFile("abc.XY"), rows.empty() ? "old" : "") << "emptied once both inputs are there";
+    EXPECT_EQ(Exists("abc.TMP"), is_fatal) << "the scratch file goes in every other case";
+    EXPECT_EQ(Count(result.messages, "[form 103]"), told.starts_with("NO Points") ? 2 : 1) << told;
   }
 }
 
-TEST(SimulatePattern, ReadsWhateverOtherProgramsMakeOfLinesAndNames) {
-  const std::string expected = "    1   0   0     22.20     100.00\n    1   1   0     31.59      50.00\n";
-  const std::string ins = kCubicIns;
-  const std::string hkl = kTwoRows;
-  const std::string crlf_hkl = Replaced(hkl, "\n", "\r\n");
+TEST_F(SimulatePattern, ReadsWhateverOtherProgramsMakeOfLinesAndNames) {
   const std::string long_line = "REM " + std::string(100'000, 'x') + "\n";
-  for (const auto& [ins_text, hkl_text] : std::vector<std::pair<std::string, std::string>>{
-           {ins, hkl},
-           {"\xEF\xBB\xBF" + ins, "\xEF\xBB\xBF" + hkl},
-           {Replaced(ins, "\n", "\r\n"), crlf_hkl},
-           {ins.substr(0, ins.size() - 1), hkl.substr(0, hkl.size() - 1)},
-           {ins + "\n\n", hkl + "\n\n\n"},
-           {long_line + ins, "#" + long_line + hkl + long_line},
-       }) {
-    TestDirectory directory;
-    WriteFile("ABC.Ins", ins_text);
-    WriteFile("abc.hkl", hkl_text);
-    EXPECT_EQ(Simulate(kFourPoints).exit_code, 0);
-    EXPECT_EQ(ReadFile("SBRAG.LST"), expected) << ins_text.substr(0, 60);
+  using Row = std::pair<std::string, std::string>;
+  for (const auto& [ins, hkl] :
+       {Row{"\xEF\xBB\xBF" + kCubicIns, "\xEF\xBB\xBF" + kTwoRows},
+        Row{Replaced(kCubicIns, "\n", "\r\n"), Replaced(kTwoRows, "\n", "\r\n")},
+        Row{kCubicIns.substr(0, kCubicIns.size() - 1), kTwoRows.substr(0, kTwoRows.size() - 1)},
+        Row{kCubicIns + "\n\n", kTwoRows + "\n\n\n"},
+        Row{long_line + kCubicIns, "#" + long_line + kTwoRows + long_line}}) {
+    Simulate(ins, hkl, kFourPoints);
+    EXPECT_EQ(ReadFile("SBRAG.LST"), kTwoReflections) << ins.substr(0, 60);
   }
 }
 
-TEST(SimulatePattern, RadiationAndAngleLimit) {
-  TestDirectory directory;
-  WriteJob(kCubicIns, kTwoRows);
-  struct Case {
-    const char* answers;
-    const char* wavelength;
-    int rows;
-  };
-  for (const Case& c : {Case{"1013=2\nok\nexit\n", "   1.540000", 2},
-                        {"1006=2\nok\n", "   0.710690", 2},
-                        {"1006=3\nok\n", "   0.710730", 2},
-                        {"1006=3\n1013=2\nok\n", "   2.000000", 2},
-                        {"1016=30\nok\n", "   1.540000", 2},
-                        {"1015=on\n1016=30\nok\n", "   1.540000", 1}}) {
-    Simulate(std::string("1024=off\n") + c.answers);
-    EXPECT_EQ(LineOf(ReadFile("abc.ING"), 2), c.wavelength) << c.answers;
-    EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), c.rows) << c.answers;
+TEST_F(SimulatePattern, ReadsRowsUpToTheEndOfTheListAndExpandsThem) {
+  const std::string row = "   1   0   2    5.00    1.00\n";
+  const std::string narrow = "     1234.56     1240.11      3.02 o\n";
+  const std::string octant = "7 9 11 90 90 90", half = "7 9 11 90 101 90", beta_120 = "7 8 9 90 120 90";
+  using Row = std::array<std::string, 4>;
+  for (const auto& [cell, rows, listed, answers] :
+       {// equal to its sigma is not below it; the zeros end the list
+        Row{octant,
+            "   1   0   0    5.00    5.00\n# a comment\n   1   0   1    4.90    5.00 batch 3\n"
+            "  -1   2   3  -20.00    1.00\n   1   1   1     123       1\n   2   0   0\n   0   0   0\n" +
+                row,
+            "1 0 0 5.00, 1 0 1 0.00, -1 2 3 0.00, 1 1 1 123.00, 2 0 0 0.00, ", "ok\n1024=off\n"},
+        Row{octant, row + "   1   x   0    5.00    1.00\n" + row, "1 0 2 5.00, ", "ok\n1024=off\n"},
+        Row{octant, row + "\n" + row, "1 0 2 5.00, ", "ok\n1024=off\n"},
+        // a text in column 1 or behind a plus is not counted; eight words count seven times, and end the list
+        Row{octant,
+            "# head\ndata_x\nloop_\n _refln_index_h\n\n   1   0   2" + narrow + "-100   0   2" + narrow +
+                "   1   0  +2" + narrow + "   1   0   3       1234.56        440.11         3.02 <\n   2   0   2" +
+                narrow + "a b c d e f g h\n   3   0   2" + narrow,
+            "1 0 2 1240.11, 1 0 3 440.11, 2 0 2 1240.11, ", "1006=7\nok\n1024=off\n"},
+        // first h, zero indices twice, then k where it is not zero
+        Row{octant, Hkl("1 2 3, 0 1 1, 1 0 1"),
+            "1 2 3, 0 1 1, 1 0 1, -1 2 3, 0 1 1, -1 0 1, 1 -2 3, 0 -1 1, -1 -2 3, 0 -1 1, "},
+        // signs add up to 5; to 4, one pass; beyond reach, but its signs count; h without a count copies nothing
+        Row{octant, Hkl("1 1 1, -1 -1 1"), "1 1 1, -1 -1 1, "},
+        Row{octant, Hkl("1 1 1, -1 1 1"), "1 1 1, -1 1 1, 1 -1 1, -1 -1 1, "},
+        Row{octant, Hkl("1 1 1, -9 -9 99"), "1 1 1, "}, Row{octant, Hkl("0 1 2"), "0 1 2, 0 -1 2, "},
+        Row{half, Hkl("1 1 1, 1 0 -1"), "1 1 1, 1 0 -1, 1 -1 1, 1 0 -1, "},
+        Row{half, Hkl("1 1 1, 1 -1 1"), "1 1 1, 1 -1 1, "}, Row{half, Hkl("1 0 1"), "1 0 1, "},
+        Row{"7 7.3 9 90 90 90", Hkl("1 1 1"), "1 1 1, -1 1 1, 1 -1 1, -1 -1 1, "},
+        Row{"7 7 7 90 90 90", Hkl("1 1 1"), "1 1 1, -1 1 1, 1 -1 1, -1 -1 1, "},
+        Row{"7 7.3 9 90 100 90", Hkl("1 1 1"), "1 1 1, "}, Row{"7 8 9 80 85 95", Hkl("1 1 1"), "1 1 1, "},
+        Row{beta_120, Hkl("1 1 -1"), "1 1 -1, -1 1 -1, 1 -1 -1, -1 -1 -1, "},
+        // copies beyond the limit of the angle are taken back; those beyond reach count as at 143.6 degrees
+        Row{beta_120, Hkl("1 1 -1"), "1 1 -1, 1 -1 -1, ", "ok\n1015=on\n1016=23\n"},
+        Row{beta_120, Hkl("1 1 -10"), "1 1 -10, 1 -1 -10, ", "ok\n1015=on\n1016=143.5\n"}})
+    EXPECT_EQ(Listed(cell, rows, answers.empty() ? "ok\n" : answers), listed) << cell << rows;
+}
+
+TEST_F(SimulatePattern, StopsAtTheLimitOfKeptRows) {
+  std::string rows = Hkl("9 9 99");  // beyond reach, not kept
+  for (int i = 0; i < 15'000; ++i) rows += "   1   0   1   10.00    1.00\n   1   1   1   10.00    1.00\n";
+  const std::string limit = "30,000 reflection limit\n";
+  const std::string written = "abc.ING (+CPI, XY, PAT) written\n";
+  EXPECT_EQ(Simulate("CELL 1 7 9 11 90 90 90\n", rows.substr(0, rows.size() - 29), "ok\n1024=off\nok\n").Boxes(),
+            written);
+  EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 29'999);
+  // Were the row behind read, its signs would leave nothing to expand.
+  EXPECT_EQ(Simulate("CELL 1 7 9 11 90 90 90\n", rows + Hkl("-9 -9 -9"), "ok\nok\n").Boxes(), limit + limit + written);
+  EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 30'000);
+}
+
+TEST_F(SimulatePattern, AnglesOfSkewCells) {
+  Simulate("CELL 1 9.744 9.922 10.98 64.086 78.354 63.504\n", Hkl("1 0 0, 1 -2 3, -3 1 2, 2 3 1"), "ok\nok\n");
+  EXPECT_EQ(ReadFile("SBRAG.LST"),
+            "    1   0   0     10.13      10.00\n    1  -2   3     44.98      10.00\n"
+            "   -3   1   2     39.25      10.00\n    2   3   1     28.15      10.00\n");
+}
+
+TEST_F(SimulatePattern, RadiationAndAngleLimit) {
+  using Row = std::tuple<std::string, std::string, int>;
+  for (const auto& [answers, wavelength, rows] :
+       {Row{"1013=2\n", "   1.540000", 2}, Row{"1006=2\n", "   0.710690", 2}, Row{"1006=3\n", "   0.710730", 2},
+        Row{"1006=3\n1013=2\n", "   2.000000", 2}, Row{"1016=30\n", "   1.540000", 2},
+        Row{"1015=on\n1016=30\n", "   1.540000", 1}}) {
+    Simulate(kCubicIns, kTwoRows, "ok\n1024=off\n" + answers + "ok\n");
+    EXPECT_EQ(LineOf(ReadFile("abc.ING"), 2), wavelength) << answers;
+    EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), rows) << answers;
   }
 }
 
-TEST(SimulatePattern, TooLargeAGridAsksAgainAndReadsAfresh) {
-  TestDirectory directory;
-  WriteJob(kCubicIns, kTwoRows);
-  const SessionResult result = Simulate("1014=0.001\n1015=on\n1016=50\nok\n1014=5\n1030=10\n1018=off\nok\n");
-  EXPECT_EQ(result.Boxes(), "Reduce 2THmax or increase step size\nabc.ING (+CPI, XY, PAT) written\n");
-  EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 2) << "counts 1 1 0 add up to 6 at the second attempt: no copies";
-  EXPECT_EQ(LineOf(ReadFile("abc.ING"), 10), "    20.00         100.     1   0   0");
+TEST_F(SimulatePattern, ReadsAfreshAtARestartAndInASecondRun) {
+  const std::string hkl = "1006=1\nok\n1014=5\n1030=10\nok\n";
+  EXPECT_EQ(Simulate(kCubicIns, kTwoRows, "ok\n1014=0.001\n1015=on\n1016=50\n" + hkl.substr(7)).Boxes(),
+            "Reduce 2THmax or increase step size\nabc.ING (+CPI, XY, PAT) written\n");
+  EXPECT_EQ(ReadFile("SBRAG.LST"), kTwoReflections) << "counts 1 1 0 add up to 6 at the second attempt: no copies";
+  const auto files = [] { return ReadFile("SBRAG.LST") + ReadFile("abc.ING") + ReadFile("abc.PAT"); };
+  Simulate("", "", hkl);
+  const std::string alone = files();
+  EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 6);
+  WriteFile("Abc.FCF", "   1   0   0       77.00      400.00      1.00 o\n");
+  Simulate("", "", "1006=7\nok\n1014=1\nok\n" + hkl);
+  EXPECT_EQ(files(), alone);
 }
 
-TEST(SimulatePattern, ASecondRunStartsAfresh) {
-  TestDirectory directory;
-  WriteJob(kCubicIns, kTwoRows);
-  WriteFile("abc.FCF",
-            "   1   0   0       77.00      400.00      1.00 o\n   1   1   0       77.00      400.00      1.00 o\n");
-  const SessionResult both = RunSession(
-      {"abc", "C:"}, "ok\nok\n1006=7\nok\n" + std::string(kFourPoints) + "1006=1\nok\n" + kFourPoints + "exit\n");
-  EXPECT_EQ(both.exit_code, 0);
-  EXPECT_EQ(LineOf(ReadFile("abc.ING"), 10), "    20.00         100.     1   0   0");
-  EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 2);
-  RunSession({"abc", "C:"}, "ok\nok\n1006=7\nok\n" + std::string(kFourPoints) + "exit\n");
-  EXPECT_EQ(LineOf(ReadFile("abc.ING"), 10), "    20.00         400.     1   0   0");
-  EXPECT_EQ(CountLines(ReadFile("abc.ING")), 11);
-}
-
-TEST(SimulatePattern, ADiskThatFailsIsFatal) {
-  for (const char* name : {"abc.ING", "abc.CPI", "abc.XY", "abc.PAT", "SBRAG.LST"}) {
+TEST_F(SimulatePattern, ADiskThatFailsIsFatal) {
+  for (const std::string name : {"abc.ING", "abc.CPI", "abc.XY", "abc.PAT", "SBRAG.LST"}) {
     TestDirectory directory;
-    WriteJob(kCubicIns, kTwoRows);
     std::filesystem::create_symlink("/dev/full", name);
-    const SessionResult result = Simulate(kFourPoints);
-    EXPECT_EQ(result.exit_code, 1) << name;
-    EXPECT_TRUE(result.messages.ends_with("fatal I/O error: " + std::string(name) +
-                                          ": cannot be written: No space left on device\n"))
-        << result.messages;
+    const SessionResult result = Simulate(kCubicIns, kTwoRows, kFourPoints);
+    EXPECT_TRUE(result.messages.ends_with("error: " + name + ": cannot be written: No space left on device\n")) << name;
   }
-  TestDirectory directory;
-  WriteJob(kCubicIns, kTwoRows);
-  std::filesystem::create_directory("abc.CPI");
-  EXPECT_TRUE(Simulate("").messages.ends_with("abc.CPI: cannot be opened for writing: Is a directory\n"));
 }
 
 }  // namespace

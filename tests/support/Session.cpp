@@ -12,22 +12,20 @@
 namespace talven::test {
 namespace {
 
-constexpr int kBannerLines = 6;
-
+/// What comes behind the six lines of the banner.
 std::string BehindBanner(const std::string& output) {
   std::size_t begin = 0;
-  for (int line = 0; line < kBannerLines && begin < output.size(); ++line) begin = output.find('\n', begin) + 1;
+  for (int line = 0; line < 6 && begin < output.size(); ++line) begin = output.find('\n', begin) + 1;
   return output.substr(begin);
 }
 
 }  // namespace
 
 std::string SessionResult::Boxes() const {
-  constexpr std::string_view kPrefix = "[message] ";
   std::istringstream stream(messages);
   std::string boxes;
   for (std::string line; std::getline(stream, line);)
-    if (line.starts_with(kPrefix)) boxes += line.substr(kPrefix.size()) + "\n";
+    if (line.starts_with("[message] ")) boxes += line.substr(10) + "\n";
   return boxes;
 }
 
@@ -37,30 +35,21 @@ SessionResult RunSession(const std::vector<std::string>& arguments, const std::s
   std::istringstream input(answers);
   std::ostringstream output;
   std::ostringstream messages;
-  SessionResult result;
-  result.exit_code =
+  const int exit_code =
       RunConsole(CommandArguments(static_cast<int>(argv.size()), argv.data()), {input, output, messages, false});
-  result.output = output.str();
-  result.messages = messages.str();
-  result.pane = BehindBanner(result.output);
-  return result;
+  return {exit_code, BehindBanner(output.str()), output.str(), messages.str()};
 }
 
-std::string TalvenConsole() {
-  return TALVEN_CONSOLE;
-}
+const std::string kTalvenConsole = TALVEN_CONSOLE;
 
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection) {
   WriteFile("../answers", answers);
   const std::string command =
-      "'" + TalvenConsole() + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
+      "'" + kTalvenConsole + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
   const int status = std::system(command.c_str());
-  SessionResult result;
-  result.exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-  result.output = ReadFile("../output");
-  result.messages = ReadFile("../messages");
-  result.pane = BehindBanner(result.output);
-  return result;
+  const int exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  const std::string output = ReadFile("../output");
+  return {exit_code, BehindBanner(output), output, ReadFile("../messages")};
 }
 
 }  // namespace talven::test

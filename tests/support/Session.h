@@ -22,7 +22,7 @@ struct SessionResult {
 SessionResult RunSession(const std::vector<std::string>& arguments, const std::string& answers);
 
 /// Path of the terminal program.
-std::string TalvenConsole();
+extern const std::string kTalvenConsole;
 
 /// Runs the real program; `redirection` is put behind its command line in a shell.
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection = "");

@@ -1,6 +1,7 @@
 // Files of a test: a directory of its own, and reading and writing there.
 #pragma once
 
+#include <exception>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -42,5 +43,16 @@ int CountLines(const std::string& text);
 /// How often a text holds another, and the text with each of them replaced.
 int Count(std::string_view text, std::string_view part);
 std::string Replaced(std::string text, std::string_view part, std::string_view by);
+
+/// The text of the error that a call throws.
+template <typename Call>
+std::string ErrorOf(const Call& call) {
+  try {
+    call();
+  } catch (const std::exception& error) {
+    return error.what();
+  }
+  return "(no error)";
+}
 
 }  // namespace talven::test

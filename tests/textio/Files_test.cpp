@@ -1,21 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "support/TestFiles.h"
-#include "textio/FatalIoError.h"
 #include "textio/FileNames.h"
-#include "textio/InputFile.h"
+#include "textio/FreeForm.h"
 #include "textio/List4Row.h"
-#include "textio/OutputFile.h"
 
-namespace talven {
+namespace talven::test {
 namespace {
 
 namespace fs = std::filesystem;
-using test::ReadFile;
-using test::TestDirectory;
-using test::WriteFile;
+
+struct Files : testing::Test, TestDirectory {};
 
 std::string LinesOf(const std::string& name) {
   InputFile file;
@@ -26,134 +21,108 @@ std::string LinesOf(const std::string& name) {
   return lines;
 }
 
-TEST(InputFile, LineEnds) {
-  TestDirectory directory;
-  for (const char* content : {"a\nb \n", "a\r\nb \r\n", "a\r\r\nb \r\r\n",
-                              "\xEF\xBB\xBF"
-                              "a\nb ",
-                              "a\nb \r"}) {
+TEST_F(Files, LineEndsAndWhatIsNoFile) {
+  using Row = std::pair<const char*, const char*>;
+  for (const auto& [content, lines] :
+       {Row{"x\ny \n", "<x><y >"}, Row{"x\r\ny \r\n", "<x><y >"}, Row{"x\r\r\ny \r", "<x><y >"},
+        Row{"\xEF\xBB\xBFx\ny ", "<x><y >"}, Row{"\n\nx", "<><><x>"}, Row{"", ""}}) {
     WriteFile("lines", content);
-    EXPECT_EQ(LinesOf("lines"), "<a><b >") << content;
+    EXPECT_EQ(LinesOf("lines"), lines) << content;
   }
-  WriteFile("lines", "\n\na");
-  EXPECT_EQ(LinesOf("lines"), "<><><a>");
-  WriteFile("lines", "");
-  EXPECT_EQ(LinesOf("lines"), "");
-  WriteFile("lines", "\xEF\xBB\xBFx\n");
-  InputFile file;
-  ASSERT_TRUE(file.Open("lines"));
-  std::string_view line;
-  file.ReadLine(line);
-  file.Rewind();
-  EXPECT_TRUE(file.ReadLine(line) && line == "x") << "the mark is dropped after a rewind too";
+  fs::create_directory("folder");
+  for (const char* name : {"folder", "nothing", "/dev/zero"}) EXPECT_EQ(LinesOf(name), "(not open)");
 }
 
-TEST(InputFile, OpensOnlyFiles) {
-  TestDirectory directory;
-  fs::create_directory("folder.INS");
-  EXPECT_EQ(LinesOf("folder.INS"), "(not open)");
-  EXPECT_EQ(LinesOf("nothing"), "(not open)");
-  EXPECT_EQ(LinesOf("/dev/zero"), "(not open)");
-}
-
-TEST(FileNames, AreComparedWithoutCase) {
-  TestDirectory directory;
+TEST_F(Files, NamesAreComparedWithoutCase) {
   WriteFile("job.FCF", "second");
   WriteFile("JOB.Fcf", "first in order");
-  EXPECT_EQ(LinesOf("Job.fcf"), "<first in order>");
-  EXPECT_EQ(LinesOf("job.FCF   "), "<second>") << "the exact name wins";
   fs::create_directory("Cl\xC3\xA4ra");
   WriteFile("Cl\xC3\xA4ra/x.ins", "folder");
+  EXPECT_EQ(LinesOf("Job.fcf"), "<first in order>");
+  EXPECT_EQ(LinesOf("job.FCF   "), "<second>") << "the exact name wins";
   EXPECT_EQ(LinesOf("CL\xC3\xA4RA/X.INS"), "<folder>");
-  OutputFile file;
-  file.Open("JoB.fCf");
-  file.Close();
+  OutputFile().Open("JoB.fCf");
   EXPECT_EQ(ReadFile("JOB.Fcf"), "") << "replaced under the name that it has";
-  DeleteExisting("jOb.FcF");
-  DeleteExisting("jOb.FcF");
-  DeleteExisting("jOb.FcF");
-  EXPECT_FALSE(test::Exists("JOB.Fcf") || test::Exists("job.FCF"));
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(DeleteExisting("jOb.FcF"), i < 2);
 }
 
-TEST(FileNames, DrivesLieInTheDataHome) {
-  TestDirectory directory;
-  const fs::path drive = directory.Drive();
-  EXPECT_EQ(NativePath("C:\\exe\\x.y"), drive / "exe/x.y");
-  EXPECT_EQ(NativePath("c:\\x"), drive / "x");
-  EXPECT_EQ(NativePath("/:\\x"), drive / "x");
-  EXPECT_EQ(NativePath("plain.ins"), fs::path("plain.ins"));
+TEST_F(Files, DrivesLieInTheDataHome) {
+  using Row = std::pair<const char*, fs::path>;
+  for (const auto& [name, path] : {Row{"C:\\exe\\x.y", Drive() / "exe/x.y"}, Row{"c:\\x", Drive() / "x"},
+                                   Row{"/:\\x", Drive() / "x"}, Row{"plain.ins", "plain.ins"}})
+    EXPECT_EQ(NativePath(name), path);
   for (const char* none : {" :\\x", "1:\\x", "\\:\\x"}) EXPECT_FALSE(NativePath(none)) << none;
-  EXPECT_EQ(FindExisting("C:\\EXE\\veldor\\dir.def"), drive / "exe/VELDOR/DIR.DEF");
+  EXPECT_EQ(FindExisting("C:\\EXE\\veldor\\dir.def"), Drive() / "exe/VELDOR/DIR.DEF");
 }
 
-TEST(OutputFile, ReplacesRewindsAndDeletes) {
-  TestDirectory directory;
-  WriteFile("a", "an older and longer text\n");
-  OutputFile file;
-  file.Open("a");
-  file.WriteLine("one");
-  file.WriteLine("two");
-  file.Rewind();
-  file.WriteLine("three");
-  file.Close();
-  EXPECT_EQ(ReadFile("a"), "three\n");
-  file.Open("a");
-  file.WriteLine("four");
-  file.CloseAndDelete();
-  EXPECT_FALSE(test::Exists("a"));
-  {
-    OutputFile left;
-    left.Open("b");
-    left.WriteLine("as far as it came");
+TEST_F(Files, EveryFailingWriteIsFatal) {
+  fs::create_symlink("/dev/full", "full");
+  fs::create_directory("folder");
+  using Row = std::tuple<const char*, int, const char*>;
+  const char* no_space = "full: cannot be written: No space left on device";
+  for (const auto& [name, lines, error] :
+       {Row{"full", 1, no_space}, Row{"full", 99'999, no_space},  // seen at the last flush, or before
+        Row{"folder", 0, "folder: cannot be opened for writing: Is a directory"},
+        Row{"9:\\x", 0, "9:\\x: cannot be opened for writing: there is no such drive"}}) {
+    OutputFile file;
+    EXPECT_EQ(ErrorOf([&] {
+                file.Open(name);
+                for (int i = 0; i < lines; ++i) file.WriteLine("a line");
+                file.Close();
+              }),
+              error);
   }
-  EXPECT_EQ(ReadFile("b"), "as far as it came\n");
-}
-
-TEST(OutputFile, EveryFailingWriteIsFatal) {
-  TestDirectory directory;
-  fs::create_symlink("/dev/full", "full.XY");
-  const auto error_of = [](auto call) -> std::string {
-    try {
-      call();
-    } catch (const FatalIoError& error) {
-      return error.what();
-    }
-    return "(no error)";
-  };
-  EXPECT_EQ(error_of([] {
-              OutputFile file;
-              file.Open("full.XY");
-              file.WriteLine("seen at the last flush");
-              file.Close();
-            }),
-            "full.XY: cannot be written: No space left on device");
-  EXPECT_EQ(error_of([] {
-              OutputFile file;
-              file.Open("full.XY");
-              for (int i = 0; i < 10'000; ++i) file.WriteLine("seen in the middle");
-            }),
-            "full.XY: cannot be written: No space left on device");
-  fs::create_directory("a folder");
-  EXPECT_EQ(error_of([] { OutputFile().Open("a folder"); }), "a folder: cannot be opened for writing: Is a directory");
-  EXPECT_EQ(error_of([] { OutputFile().Open("9:\\x"); }),
-            "9:\\x: cannot be opened for writing: there is no such drive");
 }
 
 TEST(List4Row, TellsTheLayoutsApart) {
-  const auto wide = ReadWideList4Row("   1  -2   3       1234.56       1240.11         3.02 o");
+  const std::string row = "   1  -2   3       1234.56       1240.11         3.02 o";
+  const auto wide = ReadWideList4Row(row);
   ASSERT_TRUE(wide);
-  EXPECT_EQ(wide->K, -2);
-  EXPECT_EQ(wide->CalculatedF2, 1234.56F);
-  EXPECT_EQ(wide->MeasuredF2, 1240.11F);
-  EXPECT_EQ(wide->Sigma, 3.02F);
-  for (const char* other :
-       {"   1   0   2     1234.56     1240.11      3.02 o", "   1   0   2     1234.56     1240.11      3.02 x",
-        "   1   0   2       1234.56       1240.11         3.02",
-        "   1   0   2       1234.56       1240.11         3.02 1",
-        "   1   0   2       1234.56       12a0.11         3.02 o",
-        "                                               o      o"})
-    EXPECT_FALSE(ReadWideList4Row(other)) << other;
+  EXPECT_EQ(std::tuple(wide->K, wide->CalculatedF2, wide->MeasuredF2, wide->Sigma),
+            std::tuple(-2, 1234.56F, 1240.11F, 3.02F));
+  for (const auto& [column, c] : {std::pair(12U, ' '), std::pair(30U, 'a'), std::pair(48U, 'o'), std::pair(54U, '1'),
+                                  std::pair(55U, '1'), std::pair(55U, ' ')})
+    EXPECT_FALSE(ReadWideList4Row(std::string(row).replace(column - 1, 1, 1, c))) << column << c;
+}
+
+TEST_F(Files, FreeFormReadsFromAFileOverLinesUntilAllValuesAreThere) {
+  WriteFile("a.txt", "\n 1.5, 2 3/4\tignored\n\n\n5\r\n6/1D2 seven\n8 x 9\n10");
+  InputFile file;
+  file.OpenRequired("A.TXT");
+  using Row = std::tuple<ReadStatus, float, float>;
+  // The rest of a line is left; what stands before a bad text is stored.
+  for (const auto& [status, first, second] :
+       {Row{ReadStatus::kOk, 1.5F, 2.0F}, Row{ReadStatus::kOk, 5.0F, 6.0F}, Row{ReadStatus::kMalformed, 8.0F, 0.0F},
+        Row{ReadStatus::kEndOfFile, 10.0F, 0.0F}}) {
+    std::array<float, 2> pair{};
+    EXPECT_EQ(ReadReals(file, pair), status);
+    EXPECT_EQ(pair, (std::array{first, second}));
+  }
+}
+
+TEST_F(Files, FreeFormFatalErrorsNameFileLineAndText) {
+  WriteFile("a.ing", "1.54x\n5.5\n");
+  InputFile file;
+  file.OpenRequired("a.ing");
+  std::array<float, 3> three{};
+  EXPECT_EQ(ErrorOf([&] { RequireReals(file, three, "three"); }), "a.ing, line 1: expected three, found \"1.54x\"");
+  EXPECT_EQ(ErrorOf([&] { RequireWholeNumber(file, "a count"); }), "a.ing, line 2: expected a count, found \"5.5\"");
+  EXPECT_EQ(ErrorOf([&] { RequireWholeNumber(file, "a row"); }), "a.ing, line 3: expected a row, found end of file");
+  EXPECT_EQ(ErrorOf([&] { ParseReals(file, " 1 " + std::string(50, 'q'), three, "after CELL"); }),
+            "a.ing, line 2: expected 3 numbers after CELL, found \"" + std::string(40, 'q') + "...\"");
+}
+
+TEST_F(Files, FreeFormLinesOfAFileAreBrokenAtColumn81) {
+  OutputFile file;
+  file.Open("log");
+  FreeFormLine(file).Text(" SAREA").Real(26008.6F).Integer(-7).Real(0.0).End();
+  const std::string ten(10, 'a'), seventy(70, 'b'), ninety(90, 'c');
+  FreeFormLine(file).Text(seventy).Text(ten).Text("c").End();
+  FreeFormLine(file).Text(ninety).Real(1.0).End();
+  file.Close();
+  EXPECT_EQ(ReadFile("log"), "  SAREA    26008.6              -7    0.00000    \n " + seventy + ten + "\n c\n " +
+                                 ninety + "\n     1.00000    \n");
 }
 
 }  // namespace
-}  // namespace talven
+}  // namespace talven::test

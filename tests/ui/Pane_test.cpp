@@ -1,115 +1,74 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <sstream>
 
 #include "support/TestFiles.h"
 #include "ui/PeakFileSelector.h"
-#include "ui/Ui.h"
 #include "ui/console/ConsoleToolkit.h"
 
 namespace talven {
 namespace {
 
 /// A terminal whose pane tells where each line is drawn and when the window is cleared.
-class DrawingToolkit : public ConsoleToolkit {
- public:
+struct DrawingToolkit : ConsoleToolkit {
   explicit DrawingToolkit(const std::string& answers = "")
-      : ConsoleToolkit({"talven"}, input_, output_, messages_, false), input_(answers) {}
+      : ConsoleToolkit({"talven"}, input, output, messages, false), input(answers) {}
   void WGrTextAt(float x, float y, std::string_view text) override {
     drawn << x << ',' << y << ' ' << TrimRight(text) << '\n';
   }
   void WGrAreaClear() override { drawn << "clear\n"; }
-  std::string Messages() const { return messages_.str(); }
-  std::ostringstream drawn;
 
- private:
-  std::istringstream input_;
-  std::ostringstream output_;
-  std::ostringstream messages_;
+  std::istringstream input;
+  std::ostringstream output, messages, drawn;
+  Ui ui{*this};
 };
 
 TEST(TextPane, HoldsFortyTwoLines) {
   DrawingToolkit toolkit;
-  Ui ui(toolkit);
-  for (int line = 1; line <= 43; ++line) ui.ShowLine(std::to_string(line));
+  for (int line = 1; line <= 43; ++line) toolkit.ui.ShowLine(std::to_string(line));
+  toolkit.ui.ShowLine("new page", 0);
   const std::string drawn = toolkit.drawn.str();
   EXPECT_TRUE(drawn.starts_with("5,290 1\n5,283 2\n"));
-  EXPECT_TRUE(drawn.ends_with("5,10 41\n5,3 42\nclear\n5,290 43\n")) << drawn;
-  toolkit.drawn.str("");
-  ui.ShowLine("new page", 0);
-  ui.ShowLine("next");
-  EXPECT_EQ(toolkit.drawn.str(), "clear\n5,290 new page\n5,283 next\n");
+  EXPECT_TRUE(drawn.ends_with("5,10 41\n5,3 42\nclear\n5,290 43\nclear\n5,290 new page\n")) << drawn;
 }
 
-TEST(LineBuffer, TrimLineKeepsTheLastLengthForABlankLine) {
+TEST(LineBuffer, ABlankLineKeepsTheLastLength) {
   LineBuffer line;
-  EXPECT_EQ(line.TrimLine(), 0);
-  line = "a\tb\x01";
-  EXPECT_EQ(line.TrimLine(), 3);
-  EXPECT_EQ(line.TrimmedLine(), "a b");
-  line = "";
-  EXPECT_EQ(line.TrimmedLine(), "   ") << "on purpose";
-  line = std::string(90, 'x');
-  EXPECT_EQ(line.TrimLine(), 80);
-
   LineCleaner cleaner;
-  Text80 text("\t12.5 \r");
-  EXPECT_EQ(cleaner.CleanTextLine(text), 5);
-  EXPECT_EQ(text.Trimmed(), " 12.5");
-  text = "\t";
-  EXPECT_EQ(cleaner.CleanTextLine(text), 5) << "on purpose";
-}
-
-TEST(SelectPeakFile, GivesTheStemOfThePath) {
-  struct Case {
-    const char* answers;
-    const char* stem;
-    std::int32_t length;
-    std::int32_t status;
-    const char* boxes;
-  };
-  const std::string blank = "[message] Spaces not allowed in Folder Names\n";
-  for (const Case& c : {
-           Case{"ref.LST\n", "ref", 3, 0, ""},
-           {"noextension\n", "noextension", 11, 0, ""},
-           {"a.b.lst\n", "a.b", 3, 0, ""},
-           {"sub/x.LST\n", "x", 1, 0, ""},
-           {"sub\n", "*", 1, 0, ""},
-           {"my file.LST\nsub/x.LST\n", "x", 1, 0, "blank"},
-           {"12345678901234567890.LST\n", "12345678901234567890", 20, 0, ""},
-           {"123456789012345678901.LST\n", "", -7, kPeakFileNameTooLong, ""},
-           {"cancel\n", "old", -7, kPeakFileCancelled, ""},
-           {"\nref.LST\n", "old", -7, kPeakFileCancelled, ""},
-       }) {
-    test::TestDirectory directory;
-    std::filesystem::create_directory("sub");
-    DrawingToolkit toolkit(c.answers);
-    Ui ui(toolkit);
-    PeakFileSelector selector;
-    FileStem stem("old");
-    std::int32_t length = -7;
-    std::int32_t status = 0;
-    selector.SelectPeakFile(ui, "Find REFERENCE LST file", stem, length, status);
-    EXPECT_EQ(stem.Trimmed(), c.stem) << c.answers;
-    EXPECT_EQ(length, c.length) << c.answers;
-    EXPECT_EQ(status, c.status) << c.answers;
-    EXPECT_EQ(toolkit.Messages().find(blank) != std::string::npos, *c.boxes != '\0') << c.answers;
-    const bool moved = std::string_view(c.answers).find("sub") != std::string_view::npos;
-    EXPECT_EQ(std::filesystem::current_path().filename() == "sub", moved) << c.answers;
+  using Row = std::tuple<std::string, std::int32_t, const char*>;
+  for (const auto& [text, length, trimmed] :
+       {Row{"", 0, ""}, Row{"\ta\tb\x01\r", 4, " a b"}, Row{"\t", 4, "    "}, Row{std::string(90, ' '), 4, "    "}}) {
+    line = text;
+    EXPECT_EQ(line.TrimLine(), length);
+    EXPECT_EQ(line.TrimmedLine(), trimmed);
+    Text80 cleaned(text);
+    EXPECT_EQ(cleaner.CleanTextLine(cleaned), length);
+    EXPECT_EQ(cleaned.Trimmed(), TrimRight(trimmed));
   }
 }
 
-TEST(SelectPeakFile, ClearsTheWindowIfTheStatusAsksForIt) {
-  test::TestDirectory directory;
-  DrawingToolkit toolkit("a.LST\n");
-  Ui ui(toolkit);
-  PeakFileSelector selector;
-  FileStem stem;
-  std::int32_t length = 0;
-  std::int32_t status = kClearAfterSelection;
-  selector.SelectPeakFile(ui, "t", stem, length, status);
-  EXPECT_EQ(toolkit.drawn.str(), "clear\n");
+TEST(SelectPeakFile, GivesTheStemOfThePath) {
+  const std::string twenty(20, 'a');
+  const std::string blank = "[message] Spaces not allowed in Folder Names\n";
+  using Row = std::tuple<std::string, std::string, std::int32_t, std::int32_t>;
+  for (const auto& [answers, stem, length, status] :
+       {Row{"ref.LST", "ref", 3, 0}, Row{"noextension", "noextension", 11, 0}, Row{"a.b.lst", "a.b", 3, 0},
+        Row{"sub/x.LST", "x", 1, 0}, Row{"sub", "*", 1, 0}, Row{"my file.LST\nsub/x.LST", "x", 1, 0},
+        Row{twenty + ".LST", twenty, 20, 0}, Row{twenty + "a.LST", "", -7, kPeakFileNameTooLong},
+        Row{"cancel", "old", -7, kPeakFileCancelled}, Row{"\nref.LST", "old", -7, kPeakFileCancelled},
+        Row{"a.LST", "a", 1, kClearAfterSelection}}) {
+    test::TestDirectory directory;
+    std::filesystem::create_directory("sub");
+    DrawingToolkit toolkit(answers);
+    PeakFileSelector selector;
+    FileStem found("old");
+    std::int32_t found_length = -7, found_status = status == kClearAfterSelection ? status : 0;
+    selector.SelectPeakFile(toolkit.ui, "Find REFERENCE LST file", found, found_length, found_status);
+    EXPECT_EQ(std::tuple(found.Trimmed(), found_length, found_status), std::tuple(stem, length, status)) << answers;
+    EXPECT_EQ(toolkit.messages.str().find(blank) != std::string::npos, answers.starts_with("my file")) << answers;
+    EXPECT_EQ(std::filesystem::current_path().filename() == "sub", test::Count(answers, "sub") == 1) << answers;
+    EXPECT_EQ(toolkit.drawn.str(), status == kClearAfterSelection ? "clear\n" : "") << answers;
+  }
 }
 
 }  // namespace

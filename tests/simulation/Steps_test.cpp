@@ -1,0 +1,226 @@
+// The steps from a list of reflections to a profile, each by itself.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <random>
+
+#include "simulation/CellGeometry.h"
+#include "simulation/DuplicateRemoval.h"
+#include "simulation/ProfileSynthesis.h"
+#include "support/TestFiles.h"
+
+namespace talven {
+namespace {
+
+TEST(ClassifyCell, ByLengthsAndAngles) {
+  using Row = std::tuple<float, float, float, float, float, float, std::int32_t>;
+  for (const auto& [a, b, c, alpha, beta, gamma, expected] :
+       {Row{7, 8, 9, 80, 85, 95, 1}, Row{7, 7.1F, 9, 80, 85, 95, 1}, Row{7, 8, 9, 90, 100, 90, 2},
+        Row{7, 8, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 120, 90, 3}, Row{7, 7, 9, 90, 90, 90, 4},
+        Row{7, 7, 7, 90, 90, 90, 5}, Row{7, 7, 7, 60, 60, 60, 6}, Row{7, 7, 9, 90, 120, 90, 7},
+        Row{7, 7.3F, 9, 90, 100, 90, 11}, Row{7, 7.1F, 7.2F, 90, 95, 90, 21}, Row{7, 7, 7, 90, 120, 90, 23},
+        Row{4.9F, 4.9F, 5.4F, 90, 90, 120, 1}, Row{7, 7.36F, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 90.02F, 90, 2},
+        Row{7, 7.3F, 7.36F, 90, 90, 90, 5}})
+    EXPECT_EQ(ClassifyCell({.a = a, .b = b, .c = c, .alpha = alpha, .beta = beta, .gamma = gamma}, 0.01), expected);
+}
+
+using Reflections = std::vector<std::array<float, 5>>;
+
+/// The merge as a plain loop over h, k, l, F squared and angle, entry after entry.
+void RemoveDuplicatesPlainly(Reflections& rows) {
+  for (bool merged = true; merged;) {
+    merged = false;
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+      if (!std::equal(rows[i].begin(), rows[i].begin() + 3, rows[i - 1].begin())) continue;
+      merged = true;
+      rows[i - 1][3] = (rows[i - 1][3] + rows[i][3]) * 0.5F;
+      rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
+    }
+  }
+}
+
+Reflections RowsOf(const ReflectionList& list) {
+  Reflections rows;
+  for (std::int32_t i = 1; i <= list.ReflectionCount; ++i)
+    rows.push_back({float(list.H[i]), float(list.K[i]), float(list.L[i]), list.F2[i], list.TwoTheta[i]});
+  return rows;
+}
+
+TEST(RemoveDuplicates, AgreesWithThePlainLoop) {
+  std::mt19937 random(7);
+  auto list = std::make_unique<ReflectionList>();
+  for (int round = 0; round < 300; ++round) {
+    list->ReflectionCount = static_cast<std::int32_t>(random() % 40);
+    for (std::int32_t i = 1; i <= list->ReflectionCount; ++i) {
+      for (auto* row : {&list->H, &list->K, &list->L}) (*row)[i] = random() % 4 == 0 ? 1 : 0;
+      list->F2[i] = static_cast<float>(random() % 100'000) / 7.0F;
+      list->TwoTheta[i] = static_cast<float>(i);
+    }
+    Reflections plain = RowsOf(*list);
+    RemoveDuplicatesPlainly(plain);
+    RemoveDuplicates(*list);
+    ASSERT_EQ(RowsOf(*list), plain);
+  }
+}
+
+TEST(SizeGrid, CutsWhatTheStoredStepGives) {
+  auto grid = std::make_unique<PatternGrid>();
+  using Row = std::tuple<float, float, float, std::int32_t, std::int32_t>;
+  for (const auto& [highest, step, low, top, points] :
+       {Row{39.0F, 0.05F, 4.0F, 40, 719}, Row{39.99F, 0.05F, 4.0F, 40, 719}, Row{40.0F, 0.05F, 4.0F, 41, 739},
+        Row{0.0F, 0.05F, 0.5F, 1, 9}, Row{3.0F, 0.05F, 4.0F, 4, 0}, Row{100.0F, 0.001F, 4.0F, 101, 96999}}) {
+    SizeGrid(highest, step, low, *grid);
+    EXPECT_EQ(std::pair(grid->TopAngle, grid->PointCount), std::pair(top, points)) << highest;
+  }
+}
+
+/// A list, a grid and what the synthesis needs, on the heap as in the program.
+struct Bench {
+  std::unique_ptr<ReflectionList> list = std::make_unique<ReflectionList>();
+  std::unique_ptr<PatternGrid> grid = std::make_unique<PatternGrid>();
+  std::unique_ptr<SynthesisData> work = std::make_unique<SynthesisData>();
+  OutputFile scratch;
+  ProfileParameters parameters{.Step = 0.05F, .TwoThetaMin = 4.0F, .SymmetricalPeaks = true};
+
+  explicit Bench(std::int32_t points) { grid->PointCount = points; }
+  void Add(float two_theta, float f2) {
+    list->TwoTheta[++list->ReflectionCount] = two_theta;
+    list->F2[list->ReflectionCount] = f2;
+  }
+  void Bin() { BinReflections(*list, parameters, scratch, *grid, *work); }
+  void Broaden() { BroadenPeaks(parameters, *grid, *work); }
+  /// The highest point of a whole synthesis.
+  float Highest() {
+    Bin();
+    Broaden();
+    ApplyPowderCorrection(parameters, *grid);
+    FinishIntensities(*grid, *work);
+    return std::ranges::max(grid->Profile.Range(1, grid->PointCount));
+  }
+};
+
+TEST(BinReflections, AgreesWithThePlainLoopOnRandomLists) {
+  std::mt19937 random(3);
+  std::uniform_real_distribution<float> angle(3.0F, 30.0F);
+  for (const float step : {0.05F, 0.013F, 0.1F, 0.37F}) {
+    Bench bench(static_cast<std::int32_t>(25.0F / step));
+    bench.parameters.Step = step;
+    for (int j = 0; j < 3000; ++j) bench.Add(angle(random), angle(random));
+    for (int i = 0; i < 400; ++i)
+      bench.Add(static_cast<float>(4.0 + i * static_cast<double>(step)), static_cast<float>(i % 2));
+    bench.Bin();
+    double x = 4.0;
+    for (std::int32_t i = 1; i <= bench.grid->PointCount; ++i, x += step) {
+      float sum = 0.0F;
+      std::int32_t last = 0;
+      for (std::int32_t j = 1; j <= bench.list->ReflectionCount; ++j) {
+        if (!(bench.list->TwoTheta[j] > x && bench.list->TwoTheta[j] < x + step)) continue;
+        sum += bench.list->F2[j];
+        last = j;
+      }
+      ASSERT_EQ(bench.grid->BinReflection[i], last) << i;
+      ASSERT_EQ(bench.grid->Profile[i], std::round(sum)) << i;
+      ASSERT_EQ(bench.grid->GridAngle[i], std::stof(std::to_string(std::round(100.0 * static_cast<float>(x)) / 100.0)));
+    }
+  }
+}
+
+TEST(BinReflections, ASumThatTenColumnsCannotHoldIsFatal) {
+  test::TestDirectory directory;
+  auto bench = std::make_unique<Bench>(2);
+  bench->scratch.Open("x.TMP");
+  bench->Add(4.06F, 999'999'900.0F);
+  EXPECT_NO_THROW(bench->Bin());
+  bench->Add(4.06F, 200.0F);
+  EXPECT_EQ(test::ErrorOf([&] { bench->Bin(); }),
+            "x.TMP, line 2: expected a bin sum that fits ten columns, found **********");
+  bench.reset();
+  EXPECT_EQ(test::ReadFile("x.TMP"), "     4.00           0.\n     4.05   **********\n") << "left as far as it came";
+}
+
+TEST(BroadenPeaks, TailsAndHeightsOfOneStick) {
+  using Row = std::tuple<float, bool, std::int32_t, std::int32_t, std::vector<float>>;
+  // Heights from the fourth point below the stick; the stick itself is raised to the first low-angle value.
+  for (const auto& [broadening, symmetrical, low_length, high_length, heights] :
+       {Row{1.0F, false, 10, 5, {36.63F, 99.57F, 270.67F, 735.76F, 1000.0F, 270.67F, 36.63F, 4.96F, 0.67F}},
+        Row{1.0F, true, 10, 10, {36.63F}}, Row{2.0F, false, 20, 10, {270.67F, 446.26F, 735.76F, 1213.06F, 1213.06F}},
+        Row{2.0F, true, 20, 20, {270.67F}}, Row{10.0F, false, 100, 50, {1340.64F, 1481.64F, 1637.46F, 1809.67F}},
+        Row{10.0F, true, 100, 100, {1340.64F}}, Row{0.5F, true, 10, 10, {36.63F}},
+        Row{12.0F, false, 100, 50, {1340.64F}}}) {
+    Bench bench(400);
+    bench.parameters.Broadening = broadening;
+    bench.parameters.SymmetricalPeaks = symmetrical;
+    bench.Add(4.0F + 199.5F * 0.05F, 1000.0F);  // in the middle of the bin of point 200
+    bench.Bin();
+    bench.Broaden();
+    const auto& profile = bench.grid->Profile;
+    EXPECT_TRUE(profile[200 - low_length] > 0.0F && profile[199 - low_length] == 0.0F) << broadening;
+    EXPECT_TRUE(profile[200 + high_length] > 0.0F && profile[201 + high_length] == 0.0F) << broadening;
+    std::int32_t i = 196;
+    for (const float height : heights) EXPECT_NEAR(profile[i++], height, 0.005F) << broadening;
+  }
+}
+
+/// The tails as a plain loop with an exponential for every point.
+void BroadenPlainly(const ProfileParameters& parameters, PatternGrid& grid) {
+  const double b = std::min(std::max(parameters.Broadening, 1.0F), 10.0F);
+  const double w = parameters.SymmetricalPeaks ? 1.0 : 2.0;
+  const double per_degree = 1.0 / static_cast<double>(parameters.Step);
+  for (std::int32_t i = 1; i <= grid.PointCount; ++i) {
+    if (!(grid.Stick[i] > 0.0F)) continue;
+    const auto grow = [&](std::int32_t m, double decay, std::int32_t target) {
+      const auto c = static_cast<float>(2.0 * std::exp(-decay * m * (1.0 / b)) * static_cast<double>(grid.Stick[i]));
+      if (grid.Profile[i] < c) grid.Profile[i] = c;
+      if (target >= 1) grid.Profile[target] += c;
+    };
+    for (std::int32_t m = 1; m <= static_cast<std::int32_t>(0.5 * b * per_degree) + 1; ++m) grow(m, 1.0, i - m);
+    for (std::int32_t m = 1; m <= static_cast<std::int32_t>(per_degree * (0.5 * b) * (1.0 / w)) + 1; ++m)
+      grow(m, 2.0, i + m);
+  }
+}
+
+TEST(BroadenPeaks, AgreesWithThePlainLoopOnRandomSticks) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 24; ++round) {
+    Bench bench(2000);
+    bench.parameters = {.Step = 0.001F, .TwoThetaMin = 4.0F, .Broadening = 1.0F + 0.4F * static_cast<float>(round)};
+    bench.parameters.SymmetricalPeaks = round % 2 == 0;
+    for (int j = 0; j < 60; ++j)
+      bench.Add(4.0F + static_cast<float>(random() % 2000) * 0.00225F, static_cast<float>(random() % 200'000));
+    bench.Bin();
+    auto plain = std::make_unique<PatternGrid>(*bench.grid);
+    BroadenPlainly(bench.parameters, *plain);
+    bench.Broaden();
+    EXPECT_TRUE(std::ranges::equal(bench.grid->Profile.Range(1, 2000), plain->Profile.Range(1, 2000))) << round;
+  }
+}
+
+TEST(PowderCorrection, FactorsAndFloor) {
+  using Row = std::pair<float, double>;
+  for (const auto& [angle, p] : {Row{4.0F, 1642.07}, Row{10.0F, 263.29}, Row{20.0F, 66.33}, Row{30.0F, 29.87},
+                                 Row{40.0F, 17.13}, Row{60.0F, 8.08}}) {
+    const Bench bench(2);
+    bench.grid->GridAngle[1] = bench.grid->GridAngle[2] = angle;
+    bench.grid->Profile[2] = 1000.0F;
+    for (const bool applied : {true, false}) ApplyPowderCorrection({.PowderCorrection = applied}, *bench.grid);
+    EXPECT_NEAR(bench.grid->Profile[2] / 1000.0, p, 0.005) << angle;
+    EXPECT_NEAR(bench.grid->Profile[1], 2.0 * p, 0.01) << "the floor of 2 is corrected too";
+  }
+}
+
+TEST(Scaling, TheFirstScaleIsAppliedAgain) {
+  Bench bench(400);
+  bench.Add(9.01F, 198'000.0F);
+  EXPECT_EQ(bench.Highest(), 49'500.0F);
+  bench.parameters.PowderCorrection = true;
+  EXPECT_NEAR(bench.Highest(), 99'000.0F, 0.01F);
+  bench.parameters.PowderCorrection = false;
+  bench.list->F2[1] = 99'000.0F;
+  EXPECT_EQ(bench.Highest(), 99'000.0F) << "the scale of the run before is gone";
+}
+
+}  // namespace
+}  // namespace talven
