@@ -202,7 +202,10 @@ QLineEdit* FormDialog::EditOf(const FormState::Field& field) const {
 
 bool FormDialog::IsValid(const FormState::Field& field) const {
   if (!IsNumeric(field.spec->kind)) return true;
-  return !form_.Refusal(field.spec->id, FromQString(EditOf(field)->text()));
+  const std::string text = FromQString(EditOf(field)->text());
+  // What the program put stays, even where it does not fit its format and shows as asterisks.
+  if (!field.is_edited && text == field.text) return true;
+  return !form_.Refusal(field.spec->id, text);
 }
 
 bool FormDialog::Leave(const FormState::Field& field) {
