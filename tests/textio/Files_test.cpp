@@ -76,9 +76,8 @@ TEST_F(Files, EveryFailingWriteIsFatal) {
 
 TEST(List4Row, TellsTheLayoutsApart) {
   const std::string row = "   1  -2   3       1234.56       1240.11         3.02 o";
-  const auto wide = ReadWideList4Row(row);
-  ASSERT_TRUE(wide);
-  EXPECT_EQ(std::tuple(wide->K, wide->CalculatedF2, wide->MeasuredF2, wide->Sigma),
+  const List4Row wide = ReadWideList4Row(row).value();
+  EXPECT_EQ(std::tuple(wide.K, wide.CalculatedF2, wide.MeasuredF2, wide.Sigma),
             std::tuple(-2, 1234.56F, 1240.11F, 3.02F));
   for (const auto& [column, c] : {std::pair(12U, ' '), std::pair(30U, 'a'), std::pair(48U, 'o'), std::pair(54U, '1'),
                                   std::pair(55U, '1'), std::pair(55U, ' ')})

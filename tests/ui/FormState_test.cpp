@@ -11,8 +11,6 @@ TEST(FormState, PutsOutsideTheRangeAreRefusedInSilence) {
   using Row = std::tuple<int, int, float, std::optional<RealFormat>, float, const char*>;
   for (const auto& [id, field, value, format, kept, text] :
        {Row{kPatternForm, 1013, 3.6F, RealFormat{8, 5}, 0.71069F, "0.710690"},
-        // the value, not its text, is what an untouched field gives
-        Row{kPatternForm, 1013, 1.54184F, RealFormat{6, 3}, 1.54184F, "1.542"},
         Row{kPatternForm, 1014, 0.25F, {}, 0.25F, "0.250"},
         // a stored 0.02 lies just below the 64-bit bound; a typed one, below, does not
         Row{kComparisonForm, 1014, 0.02F, {}, 0.25F, "0.25"}, Row{kComparisonForm, 1020, 99.0F, {}, 1e4F, "10000"}}) {
@@ -21,10 +19,13 @@ TEST(FormState, PutsOutsideTheRangeAreRefusedInSilence) {
     EXPECT_EQ(form.Real(field), kept);
     EXPECT_EQ(form.Text(field), text);
   }
-  FormState form(*FindForm(kComparisonForm));
-  form.EditText(1020, "5");
-  form.PutInteger(1020, 100);
-  EXPECT_EQ(form.Integer(1020), 100);
+  FormState form(*FindForm(kPatternForm));
+  form.EditText(1013, "2");
+  form.PutReal(1013, 1.54184F, RealFormat{6, 3});
+  EXPECT_EQ(form.Text(1013), "1.542");
+  EXPECT_EQ(form.Real(1013), 1.54184F) << "the value, not its text, is what an untouched field gives";
+  form.PutInteger(1013, 3);
+  EXPECT_EQ(form.Text(1013), "3");
 }
 
 TEST(FormState, TypedTextIsTestedAndParsed) {
@@ -50,7 +51,6 @@ TEST(FormState, TypedTextIsTestedAndParsed) {
 }
 
 TEST(FormState, RadioGroups) {
-  EXPECT_EQ(FormState(*FindForm(kOptionForm)).RadioGroup(1006).size(), 9U) << "other fields follow";
   FormState form(*FindForm(kPatternForm));
   EXPECT_TRUE(form.ChooseRadio(1006, 3) && !form.ChooseRadio(1006, 4) && !form.ChooseRadio(1006, 0));
   EXPECT_TRUE(form.ChosenRadio(1006) == 3 && form.IsSet(1008) && !form.IsSet(1006));

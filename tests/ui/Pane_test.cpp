@@ -49,7 +49,6 @@ TEST(LineBuffer, ABlankLineKeepsTheLastLength) {
 
 TEST(SelectPeakFile, GivesTheStemOfThePath) {
   const std::string twenty(20, 'a');
-  const std::string blank = "[message] Spaces not allowed in Folder Names\n";
   using Row = std::tuple<std::string, std::string, std::int32_t, std::int32_t>;
   for (const auto& [answers, stem, length, status] :
        {Row{"ref.LST", "ref", 3, 0}, Row{"noextension", "noextension", 11, 0}, Row{"a.b.lst", "a.b", 3, 0},
@@ -65,7 +64,7 @@ TEST(SelectPeakFile, GivesTheStemOfThePath) {
     std::int32_t found_length = -7, found_status = status == kClearAfterSelection ? status : 0;
     selector.SelectPeakFile(toolkit.ui, "Find REFERENCE LST file", found, found_length, found_status);
     EXPECT_EQ(std::tuple(found.Trimmed(), found_length, found_status), std::tuple(stem, length, status)) << answers;
-    EXPECT_EQ(toolkit.messages.str().find(blank) != std::string::npos, answers.starts_with("my file")) << answers;
+    EXPECT_EQ(test::Count(toolkit.messages.str(), "[message] Spaces not allowed in Folder Names\n"), answers[0] == 'm');
     EXPECT_EQ(std::filesystem::current_path().filename() == "sub", test::Count(answers, "sub") == 1) << answers;
     EXPECT_EQ(toolkit.drawn.str(), status == kClearAfterSelection ? "clear\n" : "") << answers;
   }

@@ -76,7 +76,10 @@ TEST(ConsoleToolkit, MessageBoxesAndFileSelector) {
   EXPECT_EQ(terminal.messages.str(), "[message] one\n[message] two\n");
   for (const int answer : {1, 2, 2}) EXPECT_EQ(outcome(MessageType::kYesNo), answer);  // yes, no, the end of the input
   std::string name = "job.HKL";
-  EXPECT_THROW(Terminal("none/x.LST\n").toolkit.WSelectFile("f|*.*|", 0, name, "Title"), RefusedAnswer);
+  Terminal chooser("/x.LST\nnone/x.LST\n");
+  chooser.toolkit.WSelectFile("f|*.*|", 0, name, "Title");
+  EXPECT_TRUE(name == "/x.LST" && std::filesystem::current_path() != "/") << "moved only if asked";
+  EXPECT_THROW(chooser.toolkit.WSelectFile("f|*.*|", 0, name, "Title"), RefusedAnswer);
   EXPECT_THROW(Terminal("maybe\n").toolkit.WMessageBox({.type = MessageType::kYesNo}), RefusedAnswer);
 }
 
