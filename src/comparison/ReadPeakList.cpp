@@ -33,8 +33,9 @@ bool IsAboveDigits(char c) {
 /// Tells a row of numbers from headings and blank lines.
 bool IsPeakRow(LineCleaner& cleaner, Text80& line) {
   const std::int32_t length = cleaner.CleanTextLine(line);
-  // On a blank line that length is stale.
-  return length >= kShortestRow && line != Text80() && std::ranges::none_of(line.First(kTestedColumns), IsAboveDigits);
+  // On a blank line that length is stale. All columns are looked at together, without an end at the first letter.
+  return length >= kShortestRow && !line.Trimmed().empty() &&
+         std::ranges::count_if(line.First(kTestedColumns), IsAboveDigits) == 0;
 }
 
 }  // namespace
