@@ -72,23 +72,18 @@ TEST_F(DesktopProgram, SimulatesAsTheTerminalProgramDoes) {
     SavePicture(Window(), "window");
     QTest::keyClick(&box, Qt::Key_Return);
   };
-  EXPECT_EQ(Run({kPath},
-                {name_job, find_directory, Press(Qt::Key_Return), set_up_pattern, acknowledge, Press(Qt::Key_Escape)}),
-            0);
+  const Step enter = Press(Qt::Key_Return), escape = Press(Qt::Key_Escape);
+  EXPECT_EQ(Run({kPath}, {name_job, find_directory, enter, set_up_pattern, acknowledge, escape}), 0);
   EXPECT_EQ(Results(), expected);
   EXPECT_EQ(QLocale::system().decimalPoint(), ",") << "the user's language has commas";
   EXPECT_STREQ(std::localeconv()->decimal_point, ".") << "and numbers have points";
-  std::string place = directory.Path().string();
-  place.resize(80, ' ');
-  EXPECT_EQ(ReadFile(directory.Drive() / "exe/VELDOR/DIR.DEF"), place + "\n");
+  const QByteArray place = QByteArray::fromStdString(directory.Path().string()).leftJustified(80) + '\n';
+  EXPECT_EQ(ReadFile(directory.Drive() / "exe/VELDOR/DIR.DEF"), place.toStdString());
 }
 
-TEST_F(DesktopProgram, ClosingTheWindowLeavesAsExitDoes) {
+TEST_F(DesktopProgram, LeavesWhenTheWindowIsClosedAndTellsAFatalError) {
   EXPECT_EQ(Run({kPath, "SALT", "C:"}, {[](QDialog&) { Window().close(); }}), 0);
   EXPECT_EQ(directory.Started(), "mirade.exe SALT\n");
-}
-
-TEST_F(DesktopProgram, AFatalErrorIsTold) {
   WriteFile("SALT.INS", "CELL 0.71073 5.6402 x 5.6402 90 90 90\n");
   const auto read_error = [](QDialog& box) {
     EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().startsWith("SALT.INS, line 1: "));

@@ -82,16 +82,14 @@ void ExpectTyped(int id, int field, const char* text, bool is_refused) {
   TypeInto(form.dialog, field, text);
   const std::string before(form.state.Text(field));
   form.Key(Qt::Key_Tab);
-  EXPECT_EQ(form.FocusedId().toInt() == field, is_refused);
-  EXPECT_EQ(form.beeps, is_refused ? 1 : 0);
+  EXPECT_TRUE(form.beeps == is_refused && (form.FocusedId().toInt() == field) == is_refused);
   EXPECT_EQ(form.state.Text(field), is_refused ? before : text);
   if (!is_refused) return;
   EXPECT_EQ(Edit(form.dialog, field).selectedText(), text);
   form.Key(Qt::Key_Return);
   for (const int other : {1015, 1}) Click(Field(form.dialog, other));
-  EXPECT_TRUE(form.dialog.isVisible());
+  EXPECT_TRUE(form.dialog.isVisible() && form.beeps == 4);
   EXPECT_FALSE(form.state.IsSet(1015)) << "a click elsewhere must not count";
-  EXPECT_EQ(form.beeps, 4);
   form.dialog.EndAsItStands();
   EXPECT_EQ(form.state.Text(field), before) << "closing takes the last valid text";
 }
