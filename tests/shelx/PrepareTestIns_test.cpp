@@ -39,27 +39,16 @@ TEST(PrepareTestIns, NormalisesInPlace) {
 
 TEST(PrepareTestIns, RewritesARawModel) {
   const TestDirectory directory;
-  EXPECT_EQ(Normalised("TITL raw model\nREM WMIN\n"
-                       "CELL 0.7 2.9 2.9 2.9 90 90 90\n"
-                       "REM SG 1 2 P1\nREM SG  ASUN 7 7\nREM SG 14 128 P21/c\n"
-                       "FVAR 0.25 1.0\n"
-                       "O1     1   0.12340   0.50000   0.25000 11.0 0.05\n"
-                       "C7     1   0.2,-1.3 0.4\n"
-                       "h8     1   1.E-1 123456 0\n"
-                       "Cl1    1   0.1 0.1 0.1\n"
-                       "C1A    1   0.1 0.1 0.1\n"
-                       "HKLF 3\nnot an atom\n"),
-            "TITL raw model\nREM XWMIN\n"
-            "CELL 0.7 2.9 2.9 2.9 90 90 90\nZERR ** .002 .002 .002 0. 0. 0.\n"
-            "REM SG 1 2 P1\nREM SG  ASUN 7 7\nREM SG 14 128 P21/c\n"
-            "SFAC O   C   H   CL  C A\nUNIT    1   1   1   1   1\n"
-            "LIST 4\nFMAP 2\nFVAR\n"
-            "O1     1    0.123    0.500    0.250 11.0 .05\n"
-            "C1     2    0.200   -1.300    0.400 11.0 .05\n"
-            "H1     3    0.100*********    0.000 11.0 .05\n"
-            "CL2    4    0.100    0.100    0.100 11.0 .05\n"
-            "C3A    5    0.100    0.100    0.100 11.0 .05\n"
-            "HKLF 4\n");
+  EXPECT_EQ(Normalised("TITL raw model\nREM WMIN\nCELL 0.7 2.9 2.9 2.9 90 90 90\nREM SG 1 2 P1\nREM SG  ASUN 7 7\n"
+                       "REM SG 14 128 P21/c\nFVAR 0.25 1.0\nO1     1   0.12340   0.50000   0.25000 11.0 0.05\n"
+                       "C7     1   0.2,-1.3 0.4\nh8     1   1.E-1 123456 0\nCl1    1   0.1 0.1 0.1\n"
+                       "C1A    1   0.1 0.1 0.1\nHKLF 3\nnot an atom\n"),
+            "TITL raw model\nREM XWMIN\nCELL 0.7 2.9 2.9 2.9 90 90 90\nZERR ** .002 .002 .002 0. 0. 0.\n"
+            "REM SG 1 2 P1\nREM SG  ASUN 7 7\nREM SG 14 128 P21/c\nSFAC O   C   H   CL  C A\n"
+            "UNIT    1   1   1   1   1\nLIST 4\nFMAP 2\nFVAR\n"
+            "O1     1    0.123    0.500    0.250 11.0 .05\nC1     2    0.200   -1.300    0.400 11.0 .05\n"
+            "H1     3    0.100*********    0.000 11.0 .05\nCL2    4    0.100    0.100    0.100 11.0 .05\n"
+            "C3A    5    0.100    0.100    0.100 11.0 .05\nHKLF 4\n");
 }
 
 TEST(AtomSerials, FromTheNinetyNinthOn) {
@@ -99,13 +88,12 @@ void ExpectFatal(const char* job, const std::string& ins, const std::string& err
 }
 
 TEST(PrepareTestIns, KeepsTheIncomingTextOfWhatCannotBeRewritten) {
-  for (const auto& [part, by, error] : {
-           std::tuple("FVAR\n", "", "7: expected a line FVAR, found end of file"),
-           {"HKLF", "HKL", "8: expected an atom or a line HKLF, found end of file"},
-           {"2 2 P-1", "P-1", "4: expected 2 numbers after REM SG, found \"P-1\""},
-           {".1 .2 .3", ".1 .2", "6: expected 3 numbers behind column 8 of an atom, found 2"},
-           {".1 .2 .3", ".1 x .3", "6: expected 3 numbers behind column 8 of an atom, found \"x\""},
-       }) {
+  for (const auto& [part, by, error] :
+       {std::tuple("FVAR\n", "", "7: expected a line FVAR, found end of file"),
+        {"HKLF", "HKL", "8: expected an atom or a line HKLF, found end of file"},
+        {"2 2 P-1", "P-1", "4: expected 2 numbers after REM SG, found \"P-1\""},
+        {".1 .2 .3", ".1 .2", "6: expected 3 numbers behind column 8 of an atom, found 2"},
+        {".1 .2 .3", ".1 x .3", "6: expected 3 numbers behind column 8 of an atom, found \"x\""}}) {
     const TestDirectory directory;
     const std::string ins = Replaced(Model(1), part, by);
     WriteFile("ABC.INS", ins);

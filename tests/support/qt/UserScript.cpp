@@ -1,27 +1,14 @@
 #include "support/qt/UserScript.h"
 
-#include <gtest/gtest.h>
-
 #include <QApplication>
-#include <QDir>
-#include <QTest>
 
 #include "ui/qt/DesktopSession.h"
 
 namespace talven::test {
 
-UserScript::UserScript() {
+UserScript::UserScript(std::deque<Step> steps) : steps_(std::move(steps)) {
   QObject::connect(&timer_, &QTimer::timeout, [this] { LookForDialog(); });
   timer_.start(5);
-}
-
-UserScript& UserScript::Then(Step step) {
-  steps_.push_back(std::move(step));
-  return *this;
-}
-
-UserScript& UserScript::ThenPress(Qt::Key key) {
-  return Then([key](QDialog& dialog) { QTest::keyClick(&dialog, key); });
 }
 
 void UserScript::LookForDialog() {
@@ -34,9 +21,12 @@ void UserScript::LookForDialog() {
     SavePicture(*dialog, dialog->objectName());
     const Step step = std::move(steps_.front());
     steps_.pop_front();
-    step(*dialog);
-    return;
+    return step(*dialog);
   }
+}
+
+Step Press(Qt::Key key) {
+  return [key](QDialog& dialog) { QTest::keyClick(&dialog, key); };
 }
 
 QWidget& Field(const QWidget& form, int id) {
@@ -44,22 +34,19 @@ QWidget& Field(const QWidget& form, int id) {
 }
 
 QLineEdit& Edit(const QWidget& form, int id) {
-  QWidget& field = Field(form, id);
-  auto* const edit = qobject_cast<QLineEdit*>(&field);
-  return edit != nullptr ? *edit : *field.findChild<QLineEdit*>();
+  auto* const edit = qobject_cast<QLineEdit*>(&Field(form, id));
+  return edit != nullptr ? *edit : *Field(form, id).findChild<QLineEdit*>();
 }
 
-void ClickField(const QWidget& form, int id) {
-  QWidget& field = Field(form, id);
-  QTest::mouseClick(&field, Qt::LeftButton, {}, QPoint(8, field.height() / 2));
+void Click(QWidget& widget) {
+  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
 }
 
 void TypeInto(const QWidget& form, int id, const char* text) {
-  QLineEdit& edit = Edit(form, id);
-  QTest::mouseClick(&edit, Qt::LeftButton, {}, QPoint(8, edit.height() / 2));
-  QTest::keySequence(&edit, QKeySequence::SelectAll);
-  if (*text == '\0') QTest::keyClick(&edit, Qt::Key_Delete);
-  QTest::keyClicks(&edit, text);
+  Click(Edit(form, id));
+  QTest::keySequence(&Edit(form, id), QKeySequence::SelectAll);
+  if (*text == '\0') QTest::keyClick(&Edit(form, id), Qt::Key_Delete);
+  QTest::keyClicks(&Edit(form, id), text);
 }
 
 void AcceptName(QDialog& selector, const QString& name) {
@@ -70,8 +57,8 @@ void AcceptName(QDialog& selector, const QString& name) {
 
 void SavePicture(QWidget& window, const QString& name) {
   const QString folder = qEnvironmentVariable("TALVEN_SCREENSHOTS");
-  const QString prefix = name.toInt() != 0 ? "form-" : "";
-  if (!folder.isEmpty()) window.grab().save(QDir(folder).filePath(prefix + name + ".png"));
+  const QString prefix = name.toInt() != 0 ? "/form-" : "/";
+  if (!folder.isEmpty()) window.grab().save(folder + prefix + name + ".png");
 }
 
 }  // namespace talven::test

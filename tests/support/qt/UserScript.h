@@ -1,25 +1,27 @@
 // A user in front of the desktop program: answers its dialogs with keys and clicks, one after the other.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QDialog>
 #include <QLineEdit>
 #include <QPointer>
+#include <QTest>
 #include <QTimer>
 #include <deque>
 #include <functional>
 
 namespace talven::test {
 
-/// Steps run inside the event loops of the program, each on the next dialog that comes up.
+/// What the user does with a dialog.
+using Step = std::function<void(QDialog&)>;
+
+/// Steps run inside the event loops of the program, each on the next dialog that comes up. All must have run at the
+/// end.
 class UserScript {
  public:
-  using Step = std::function<void(QDialog&)>;
-
-  UserScript();
-  UserScript& Then(Step step);
-  UserScript& ThenPress(Qt::Key key);
-  /// True when every step has run.
-  bool IsDone() const { return steps_.empty(); }
+  explicit UserScript(std::deque<Step> steps);
+  ~UserScript() { EXPECT_TRUE(steps_.empty()) << steps_.size() << " dialogs did not come"; }
 
  private:
   void LookForDialog();
@@ -29,10 +31,11 @@ class UserScript {
   std::deque<Step> steps_;
 };
 
+Step Press(Qt::Key key);
 /// The field of a form by its id; the text part of a field with arrows.
 QWidget& Field(const QWidget& form, int id);
 QLineEdit& Edit(const QWidget& form, int id);
-void ClickField(const QWidget& form, int id);
+void Click(QWidget& widget);
 /// Replaces a field's text as a user does: goes there, selects everything and types.
 void TypeInto(const QWidget& form, int id, const char* text);
 /// Writes a name into a file selector and accepts it; without a name, accepts the one that stands there.

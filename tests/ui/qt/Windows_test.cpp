@@ -1,0 +1,275 @@
+// The forms, the pane and the toolkit that shows them, without the program behind.
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <filesystem>
+
+#include "support/TestFiles.h"
+#include "support/qt/UserScript.h"
+#include "ui/forms/FormCatalogue.h"
+#include "ui/qt/FormDialog.h"
+#include "ui/qt/MainWindow.h"
+#include "ui/qt/QtToolkit.h"
+
+namespace talven::test {
+namespace {
+
+void Activate(QWidget& widget) {
+  widget.show();
+  widget.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&widget)) << widget.objectName().toStdString();
+}
+
+struct OpenForm {
+  explicit OpenForm(const FormState& filled) : state(filled) { Activate(dialog); }
+  explicit OpenForm(int id) : OpenForm(FormState(*FindForm(id))) {}
+  QString FocusedId() const { return dialog.focusWidget()->objectName(); }
+  void Key(Qt::Key key) { QTest::keyClick(dialog.focusWidget(), key); }
+
+  FormState state;
+  int beeps = 0;
+  FormDialog dialog{state, [this] { ++beeps; }, nullptr};
+};
+
+TEST(FormDialog, TabFollowsTheTableAndEnterPressesOk) {
+  int id = 101;
+  for (const QString expected :
+       {"2 1005 1 1005", "3 1006 2 1015 1 1006", "4 1006 1013 1014 1030 1015 1016 1017 1018 1012 1024 1 1006",
+        "5 1008 1 1008", "6 1015 1019 1020 1021 1 1015", "7 1 1",
+        "8 1013 1016 1014 1019 1030 1020 1034 1017 1012 1015 1018 1 1013"}) {
+    OpenForm form(++id);
+    QString order = form.dialog.windowTitle() + " " + form.FocusedId();
+    for (; order.size() < expected.size(); order += " " + form.FocusedId()) form.Key(Qt::Key_Tab);
+    EXPECT_EQ(order.toStdString(), expected.toStdString());
+    form.Key(Qt::Key_Return);
+    EXPECT_TRUE(!form.dialog.isVisible() && form.dialog.result() == 1) << id;
+  }
+}
+
+TEST(FormDialog, NothingIsCutOrCoveredInAnyFont) {
+  const QFont usual = QApplication::font();
+  for (int test = 0; test < 24; ++test) {
+    QFont font = usual;
+    font.setPointSizeF(usual.pointSizeF() * (test % 3 == 0 ? 1.0 : test % 3 == 1 ? 0.7 : 1.7));
+    QApplication::setFont(font);
+    OpenForm form(101 + test / 3);
+    if (test % 3 == 0) SavePicture(form.dialog, form.dialog.objectName());
+    QRegion taken;
+    for (const FormState::Field& field : form.state.Fields()) {
+      SCOPED_TRACE(std::to_string(101 + test / 3) + " " + std::string(field.spec->text));
+      const QWidget& widget = Field(form.dialog, field.spec->id);
+      EXPECT_TRUE(form.dialog.rect().contains(widget.geometry()));
+      if (field.spec->kind == FieldKind::kGroupBox) continue;
+      const auto* const label = qobject_cast<const QLabel*>(&widget);
+      const bool is_text = label != nullptr || qobject_cast<const QRadioButton*>(&widget) != nullptr;
+      EXPECT_LE(is_text ? widget.sizeHint().width() : 0, widget.width());
+      const QRect shown = label == nullptr ? widget.geometry() : QRect(widget.pos(), label->sizeHint());
+      EXPECT_FALSE(taken.intersects(shown));
+      taken += shown;
+    }
+  }
+  QApplication::setFont(usual);
+}
+
+void ExpectTyped(int id, int field, const char* text, bool is_refused) {
+  SCOPED_TRACE(text);
+  OpenForm form(id);
+  TypeInto(form.dialog, field, text);
+  const std::string before(form.state.Text(field));
+  form.Key(Qt::Key_Tab);
+  EXPECT_TRUE(form.beeps == is_refused && (form.FocusedId().toInt() == field) == is_refused);
+  EXPECT_EQ(form.state.Text(field), is_refused ? before : text);
+  if (!is_refused) return;
+  EXPECT_EQ(Edit(form.dialog, field).selectedText(), text);
+  form.Key(Qt::Key_Return);
+  for (const int other : {1015, 1}) Click(Field(form.dialog, other));
+  EXPECT_TRUE(form.dialog.isVisible() && form.beeps == 4);
+  EXPECT_FALSE(form.state.IsSet(1015)) << "a click elsewhere must not count";
+  form.dialog.EndAsItStands();
+  EXPECT_EQ(form.state.Text(field), before) << "closing takes the last valid text";
+}
+
+TEST(FormDialog, ABadNumberKeepsTheFocus) {
+  for (const char* text : {"0.001", "5e-2"}) ExpectTyped(104, 1014, text, false);
+  for (const char* text : {"5.0001", "0,05", ""}) ExpectTyped(104, 1014, text, true);
+  for (const char* text : {"-7.5", ""}) ExpectTyped(108, 1030, text, false);
+  for (const char* text : {"6", "1-"}) ExpectTyped(108, 1019, text, true);
+  for (const char* text : {"-4", ""}) ExpectTyped(106, 1019, text, false);
+  ExpectTyped(108, 1030, "x", true);
+  ExpectTyped(108, 1019, "+3", false);
+  ExpectTyped(108, 1014, "0.02", false);
+}
+
+TEST(FormDialog, AFieldThatNobodyTouchedKeepsItsStoredValue) {
+  FormState state(*FindForm(104));
+  state.PutReal(1013, 1.54059997F, RealFormat{8, 5});
+  state.PutReal(1014, 7.0F);
+  OpenForm form(state);
+  EXPECT_EQ(Edit(form.dialog, 1013).text(), "1.54060");
+  EXPECT_EQ(Edit(form.dialog, 1014).text(), "0.050") << "a put beyond the range is not taken";
+  EXPECT_EQ(Edit(form.dialog, 1014).toolTip(), "0.001 to 5");
+  for (int i = 0; i < 4; ++i) form.Key(Qt::Key_Tab);
+  Click(Field(form.dialog, 1));
+  EXPECT_EQ(form.state.Real(1013), 1.54059997F);
+}
+
+TEST(FormDialog, IntegerFieldsTakeDigitsAndSignsOnly) {
+  OpenForm form(106);
+  for (const auto& [typed, text, beeps] :
+       {std::tuple("1a2.3 -", "123-", 3), {"123456789012", "12345678901", 4}, {"-1", "-1", 4}}) {
+    TypeInto(form.dialog, 1020, typed);
+    EXPECT_EQ(Edit(form.dialog, 1020).text(), text);
+    EXPECT_EQ(form.beeps, beeps) << typed;
+  }
+  for (int i = 0; i < 3; ++i) form.Key(Qt::Key_Up);
+  form.Key(Qt::Key_Return);
+  EXPECT_EQ(form.state.Integer(1020), 2);
+}
+
+TEST(FormDialog, RadioButtonsHaveNumbersAndOnlyAFormWithExitCanBeEscapedFrom) {
+  OpenForm options(103);
+  int number = 0;
+  for (const int id : {1006, 1007, 1008, 1009, 1010, 1011, 1022, 1031, 1035}) {
+    Click(Field(options.dialog, id));
+    EXPECT_EQ(options.state.ChosenRadio(1006), ++number);
+  }
+  options.Key(Qt::Key_Escape);
+  EXPECT_TRUE(!options.dialog.isVisible() && options.dialog.result() == 2);
+  OpenForm job(102);
+  job.Key(Qt::Key_Escape);
+  job.dialog.close();
+  EXPECT_TRUE(job.dialog.isVisible());
+  QTest::keyClicks(job.dialog.focusWidget(), "abc");
+  EXPECT_EQ(job.state.Text(1005), "abc") << "the proposed name is selected, so that typing replaces it";
+}
+
+TEST(PaneWidget, AFullPageOfFullLinesFitsEverySize) {
+  for (const QSize size : {QSize(300, 200), QSize(640, 650), QSize(2000, 700), QSize(500, 1900)}) {
+    PaneWidget pane;
+    pane.resize(size);
+    for (int line = 0; line < 42; ++line) pane.DrawTextAt(5.0, 290.0 - 7.0 * line, QString(80, 'W'));
+    const QRect first = pane.CharacterRect(0), last = pane.CharacterRect(41 * 81 + 79);
+    EXPECT_TRUE(pane.rect().contains(first) && pane.rect().contains(last)) << size.width() << ' ' << last.right();
+    EXPECT_NEAR(first.left(), size.width() * 0.05, 1.0);
+    EXPECT_NEAR(first.center().y(), size.height() * 10.0 / 300.0, 3.0);
+    EXPECT_NEAR(last.center().y(), size.height() * 297.0 / 300.0, 3.0);
+    EXPECT_LE(first.height(), pane.CharacterRect(81).top() - first.top() + 2) << "lines don't cover each other";
+    const QImage full = pane.grab(last).toImage();
+    pane.Clear();
+    EXPECT_NE(pane.grab(last).toImage(), full);
+  }
+}
+
+TEST(PaneWidget, TextIsSelectedCopiedAndReadByAssistivePrograms) {
+  PaneWidget pane;
+  pane.resize(640, 650);
+  Activate(pane);
+  pane.DrawTextAt(5.0, 290.0, "  alpha   ");
+  pane.DrawTextAt(5.0, 283.0, "beta");
+  QTest::mousePress(&pane, Qt::LeftButton, {}, pane.CharacterRect(2).center() - QPoint(3, 0));
+  QTest::mouseClick(&pane, Qt::LeftButton, Qt::ShiftModifier, pane.CharacterRect(9).center() + QPoint(1, 0));
+  pane.setFocus();
+  QTest::keySequence(&pane, QKeySequence::Copy);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "alpha\nbe");
+
+  QAccessibleInterface* const reader = QAccessible::queryAccessibleInterface(&pane);
+  QAccessibleTextInterface* const text = reader->textInterface();
+  EXPECT_EQ(reader->text(QAccessible::Value), "  alpha\nbeta");
+  int start = 0, end = 0;
+  EXPECT_EQ(text->textAtOffset(9, QAccessible::LineBoundary, &start, &end), "beta");
+  text->selection(0, &start, &end);
+  EXPECT_EQ(text->text(start, end), "alpha\nbe");
+  EXPECT_TRUE(reader->state().readOnly);
+  pane.Clear();
+  EXPECT_EQ(text->characterCount(), 0);
+}
+
+/// A toolkit with its window open, in a directory of its own.
+class QtToolkitTest : public testing::Test {
+ protected:
+  QtToolkitTest() { toolkit.WindowOpen({.flags = 7, .title = "TALVEN"}); }
+  int Outcome() { return toolkit.WDialogQuery(kOutcomeQuery); }
+  void Select(std::string_view filter) { toolkit.WSelectFile(filter, kKeepDirectory, name, "Title"); }
+
+  TestDirectory directory;
+  QtToolkit toolkit{{"/usr/bin/talven"}};
+  std::string name = "*.LST";
+};
+
+TEST_F(QtToolkitTest, MessageBoxesGiveTheAnswerOfTheirButton) {
+  using enum MessageType;
+  const std::vector<std::tuple<MessageType, int, int>> cases = {
+      {kOk, 1, 1},    {kOkCancel, 2, 0},    {kRetryCancel, 1, 1},      {kYesNo, 1, 1},
+      {kYesNo, 2, 2}, {kYesNoCancel, 3, 0}, {kAbortRetryIgnore, 1, 2}, {kAbortRetryIgnore, 3, 0}};
+  for (const auto& [type, default_button, answer] : cases) {
+    const UserScript user({[key = type == kOk ? Qt::Key_Escape : Qt::Key_Return](QDialog& box) {
+      EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text(), "one\ntwo");
+      EXPECT_EQ(dynamic_cast<QMessageBox&>(box).icon(), QMessageBox::Warning);
+      QTest::keyClick(&box, key);
+    }});
+    toolkit.WMessageBox({type, MessageIcon::kExclamation, default_button, "one\rtwo", " "});
+    EXPECT_EQ(Outcome(), answer) << static_cast<int>(type) << default_button;
+  }
+}
+
+TEST_F(QtToolkitTest, FileSelectorMovesToTheFolderOfTheFile) {
+  const auto folder = directory.Path() / "däta";
+  std::filesystem::create_directory(folder);
+  for (const char* file : {"däta/PEAKS.lst", "däta/OTHER.HKL"}) WriteFile(file, "");
+  const auto choose = [](QDialog& dialog) {
+    AcceptName(dialog, "däta");
+    auto* const list = dialog.findChild<QAbstractItemView*>("listView");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+    AcceptName(dialog, "PEAKS.lst");
+  };
+  const UserScript user({Press(Qt::Key_Escape), choose, [](QDialog& dialog) { AcceptName(dialog); }});
+  Select("Kestra File LST|");
+  EXPECT_EQ(name, "*.LST");
+  EXPECT_EQ(std::filesystem::current_path(), directory.Path());
+  Select("Kestra File LST|");
+  EXPECT_EQ(Outcome(), 1);
+  EXPECT_EQ(name, (folder / "PEAKS.lst").string());
+  EXPECT_EQ(std::filesystem::current_path(), folder);
+  name = "ABC.HKL";
+  Select(kJobFileFilter);
+  EXPECT_EQ(name, (folder / "ABC.HKL").string()) << "the proposed file need not exist";
+}
+
+TEST_F(QtToolkitTest, WaitsForAProgramAndShowsWhatItPrints) {
+  directory.WriteProgram("a.exe", "echo \"$1 runs\"; until test -e go; do sleep 0.01; done; cat; exit 3");
+  directory.WriteProgram("b.exe", "kill -SEGV $$");
+  const UserScript user({[](QDialog& output) {
+    const auto* const text = output.findChild<QPlainTextEdit*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return text->toPlainText() == "ABC runs\n"; }));
+    EXPECT_FALSE(output.parentWidget()->isEnabled());
+    QTest::keyClick(&output, Qt::Key_Escape);
+    output.close();
+    EXPECT_TRUE(output.isVisible());
+    WriteFile("go", "");
+  }});
+  EXPECT_EQ(toolkit.IOsCommand("C:\\exe\\a.exe ABC C:", kWait), 3);
+  EXPECT_EQ(toolkit.IOsCommand("C:\\exe\\b.exe", kWait | kHidden), 128 + 11);
+  EXPECT_EQ(toolkit.IOsCommand("C:\\exe\\none.exe", kWait), std::nullopt);
+}
+
+TEST_F(QtToolkitTest, AClosedWindowAnswersEverythingElse) {
+  const UserScript user({[](QDialog& form) { form.parentWidget()->close(); }, Press(Qt::Key_Return)});
+  for (const auto& [form, button] : {std::pair(kOptionForm, 2), {kPatternForm, 1}}) {
+    toolkit.WDialogLoad(form);
+    toolkit.WDialogShow(-1, -1, 0, kModal);
+    EXPECT_EQ(toolkit.WDialogQuery(kExitButtonQuery), button);
+  }
+  Select(kJobFileFilter);
+  EXPECT_EQ(Outcome(), 0);
+  toolkit.WMessageBox({.type = MessageType::kYesNo, .text = "?", .title = " "});
+  EXPECT_EQ(Outcome(), 2);
+  toolkit.WMessageBox({.text = "told", .title = " "});
+}
+
+}  // namespace
+}  // namespace talven::test
