@@ -295,13 +295,9 @@ TEST(WavelengthMove, FollowsBraggsLaw) {
 }
 
 TEST(FineGrid, ChoosesTheStepOfThePattern) {
-  for (const auto& [step, fine] : {std::pair(0.05F, 0.01F),
-                                   {0.29F, 0.01F},
-                                   {0.57F, 0.01F},
-                                   {3e7F, 0.01F},
-                                   {0.025F, 0.005F},
-                                   {0.012F, 7.0F},
-                                   {0.01002F, 7.0F}}) {
+  const std::vector<std::pair<float, float>> cases = {{0.05F, 0.01F},   {0.29F, 0.01F}, {0.57F, 0.01F},  {3e7F, 0.01F},
+                                                      {0.025F, 0.005F}, {0.012F, 7.0F}, {0.01002F, 7.0F}};
+  for (const auto& [step, fine] : cases) {
     float FineStep = 7.0F;
     ChooseFineStep(step, FineStep);
     EXPECT_EQ(FineStep, fine) << step;
