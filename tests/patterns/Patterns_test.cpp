@@ -67,21 +67,20 @@ TEST(CifToIng, TakesFiveNamesAndOneLoop) {
 TEST(Converters, NameWhatCannotBeRead) {
   TestDirectory directory;
   const std::string not_xy = ": expected 2 numbers X and Y (or a remark with REM in columns 1 to 3), found ";
-  for (const Case& c :
-       {Case{"_pd_meas_2theta_range_minimum 5.0\n",
-             "ABC.CIF, line 1: expected 1 number behind _pd_meas_2theta_range_min, found \"imum\"\n"},
-        Case{"\n_pd_meas_step_count_time\n5\n",
-             "ABC.CIF, line 2: expected 1 number behind _pd_meas_step_count_time, found 0\n"},
-        Case{kCifHead, "ABC.CIF, line 6: expected loop_, found end of file\n"},
-        Case{kCifHead + "loop_\n", "ABC.CIF, line 7: expected _pd_meas_counts_total, found end of file\n"},
-        Case{kCifHead + kLoop + "10\nloop_\n", "ABC.CIF, line 9: expected a count, found \"loop_\"\n"},
-        Case{"4 1\n", "ABC.TXT, line 2: expected X and Y of the second point, found end of file\n"},
-        Case{"REM\n", "ABC.TXT, line 2: expected X and Y of the first point, found end of file\n"},
-        Case{" REM\n4 1\n", "ABC.TXT, line 1" + not_xy + "\"REM\"\n"},
-        Case{"4 1\n\n5 2\n", "ABC.TXT, line 2" + not_xy + "0\n"}}) {
-    const std::string name = c.second.substr(0, 7);
-    WriteFile(name, c.first);
-    EXPECT_EQ(Fatal(RunOptions({name == "ABC.CIF" ? "2" : "9"})), c.second);
+  const std::vector<Case> cases = {
+      {"_pd_meas_2theta_range_minimum 5.0\n",
+       "CIF, line 1: expected 1 number behind _pd_meas_2theta_range_min, found \"imum\""},
+      {"\n_pd_meas_step_count_time\n5\n", "CIF, line 2: expected 1 number behind _pd_meas_step_count_time, found 0"},
+      {kCifHead, "CIF, line 6: expected loop_, found end of file"},
+      {kCifHead + "loop_\n", "CIF, line 7: expected _pd_meas_counts_total, found end of file"},
+      {kCifHead + kLoop + "10\nloop_\n", "CIF, line 9: expected a count, found \"loop_\""},
+      {"4 1\n", "TXT, line 2: expected X and Y of the second point, found end of file"},
+      {"REM\n", "TXT, line 2: expected X and Y of the first point, found end of file"},
+      {" REM\n4 1\n", "TXT, line 1" + not_xy + "\"REM\""},
+      {"4 1\n\n5 2\n", "TXT, line 2" + not_xy + "0"}};
+  for (const auto& [input, error] : cases) {
+    WriteFile("ABC." + error.substr(0, 3), input);
+    EXPECT_EQ(Fatal(RunOptions({error[0] == 'C' ? "2" : "9"})), "ABC." + error + "\n");
   }
 }
 
@@ -296,9 +295,9 @@ TEST(WavelengthMove, FollowsBraggsLaw) {
 }
 
 TEST(FineGrid, ChoosesTheStepOfThePattern) {
-  for (const auto& [step, fine] :
-       {std::pair(0.05F, 0.01F), std::pair(0.29F, 0.01F), std::pair(0.57F, 0.01F), std::pair(3e7F, 0.01F),
-        std::pair(0.025F, 0.005F), std::pair(0.012F, 7.0F), std::pair(0.01002F, 7.0F)}) {
+  const std::vector<std::pair<float, float>> cases = {{0.05F, 0.01F},   {0.29F, 0.01F}, {0.57F, 0.01F},  {3e7F, 0.01F},
+                                                      {0.025F, 0.005F}, {0.012F, 7.0F}, {0.01002F, 7.0F}};
+  for (const auto& [step, fine] : cases) {
     float FineStep = 7.0F;
     ChooseFineStep(step, FineStep);
     EXPECT_EQ(FineStep, fine) << step;

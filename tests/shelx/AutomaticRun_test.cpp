@@ -31,34 +31,11 @@ std::string Forms(const SessionResult& result) {
 /// Forms shown, what the refinement noted, and the program started on exit, each empty for none; and what became of the
 /// INS: ' ' as it was, 'N' normalised, 'R' rewritten.
 struct Mode {
-  const char *markers, *job;
+  std::string markers, job;
   bool unattended;
   const char *forms, *refined, *started;
   char ins;
 };
-
-void RunMode(const Mode& c) {
-  SCOPED_TRACE(std::string(c.markers) + c.job + (c.unattended ? " MOLPAK" : ""));
-  const TestDirectory directory;
-  directory.WriteProgram("kvrl97.exe", kRefine);
-  const std::string job = c.job;
-  WriteFile(job + ".ins", c.markers + std::string(kModel));
-  for (const char* old : {".Fcf", ".FCF", ".Hkl"}) WriteFile(job + old, "of an earlier run\n");
-  WriteFile("TEST.INS", "of an earlier run\n");
-  const SessionResult result =
-      RunSession({job, "C:", c.unattended ? "MOLPAK" : ""}, c.unattended ? "" : "1006=5\nok\n");
-  EXPECT_EQ(result.Boxes(), "");
-  EXPECT_EQ(Forms(result), c.forms);
-  EXPECT_EQ(*c.started != '\0' ? directory.Started() : "", c.started);
-  EXPECT_EQ(Exists("../refined") ? ReadFile("../refined") : "", c.refined);
-  const std::string ins = ReadFile(c.ins == ' ' ? job + ".ins" : job == "abc" ? "ABC.INS" : "VRAIL.INS");
-  EXPECT_EQ(Count(ins, "LIST 4\nFMAP 2\nFVAR"), c.ins == ' ' ? 0 : 1);
-  EXPECT_EQ(Count(ins, "C1     1    0.100    0.200    0.300 11.0 .05\n"), c.ins == 'R' ? 1 : 0);
-  EXPECT_EQ(Exists("TEST.INS"), c.ins == ' ');
-  const bool automatic = *c.refined != '\0';
-  EXPECT_EQ(Count(ReadFile("DUMMY.HKL"), "  100.00    1.00 "), automatic ? 0 : 64);
-  EXPECT_EQ(Count(result.pane, ".ING (+CPI, XY, PAT) written\n"), automatic ? 1 : 0);
-}
 
 // Of the 64 reflections of the box a C lattice has 33.
 TEST(AutomaticRun, IsMadeByJobAndMarkers) {
@@ -73,8 +50,27 @@ TEST(AutomaticRun, IsMadeByJobAndMarkers) {
         Mode{"REM XWMIN\n", "abc", false, "103 104 ", "ABC C: AUTO: 64 rows \n", "kestra.exe ABC C:\n", ' '},
         Mode{"REM XWMIN\nREM WMIN\n", "abc", true, "", "ABC C: AUTO: 64 rows \n", "", ' '},
         Mode{"REM XWMIN\n", "Vrail", true, "", "VRAIL C: AUTO: 33 rows \n", "", 'N'},
-        Mode{"REM XWMIN\nREM WMIN\n", "VRAIL", true, "", "VRAIL C: AUTO: 33 rows \n", "", 'R'}})
-    RunMode(c);
+        Mode{"REM XWMIN\nREM WMIN\n", "VRAIL", true, "", "VRAIL C: AUTO: 33 rows \n", "", 'R'}}) {
+    SCOPED_TRACE(c.markers + c.job + (c.unattended ? " MOLPAK" : ""));
+    const TestDirectory directory;
+    directory.WriteProgram("kvrl97.exe", kRefine);
+    WriteFile(c.job + ".ins", c.markers + kModel);
+    for (const char* old : {".Fcf", ".FCF", ".Hkl"}) WriteFile(c.job + old, "of an earlier run\n");
+    WriteFile("TEST.INS", "of an earlier run\n");
+    const SessionResult result =
+        RunSession({c.job, "C:", c.unattended ? "MOLPAK" : ""}, c.unattended ? "" : "1006=5\nok\n");
+    EXPECT_EQ(result.Boxes(), "");
+    EXPECT_EQ(Forms(result), c.forms);
+    EXPECT_EQ(*c.started != '\0' ? directory.Started() : "", c.started);
+    EXPECT_EQ(Exists("../refined") ? ReadFile("../refined") : "", c.refined);
+    const std::string ins = ReadFile(c.ins == ' ' ? c.job + ".ins" : c.job == "abc" ? "ABC.INS" : "VRAIL.INS");
+    EXPECT_EQ(Count(ins, "LIST 4\nFMAP 2\nFVAR"), c.ins == ' ' ? 0 : 1);
+    EXPECT_EQ(Count(ins, "C1     1    0.100    0.200    0.300 11.0 .05\n"), c.ins == 'R' ? 1 : 0);
+    EXPECT_EQ(Exists("TEST.INS"), c.ins == ' ');
+    const bool automatic = *c.refined != '\0';
+    EXPECT_EQ(Count(ReadFile("DUMMY.HKL"), "  100.00    1.00 "), automatic ? 0 : 64);
+    EXPECT_EQ(Count(result.pane, ".ING (+CPI, XY, PAT) written\n"), automatic ? 1 : 0);
+  }
 }
 
 TEST(AutomaticRun, GoesOnWhereTheRefinementGivesNothing) {
