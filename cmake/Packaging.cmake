@@ -8,7 +8,7 @@ if(TARGET talven AND UNIX AND NOT APPLE)
 endif()
 
 set(CPACK_PACKAGE_NAME talven)
-set(CPACK_PACKAGE_CONTACT "The Talven developers")
+set(CPACK_PACKAGE_CONTACT "The Talven developers <talven@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "X-ray powder diffraction utility")
 set(CPACK_PACKAGE_DESCRIPTION
     "Simulates powder patterns from SHELX files, converts between pattern formats\nand compares peak lists; in a window (talven) or on a terminal (talven-console).")

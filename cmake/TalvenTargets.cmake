@@ -3,6 +3,7 @@
 add_library(talven_options INTERFACE)
 if(MSVC)
   target_compile_options(talven_options INTERFACE /W4 /WX /fp:precise /utf-8)
+  target_compile_definitions(talven_options INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   # No fused multiply-add: a pattern must have the same bytes whatever compiler and build type made the program.
   target_compile_options(talven_options INTERFACE

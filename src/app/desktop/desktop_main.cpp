@@ -9,6 +9,6 @@
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments = talven::CommandArguments(argc, argv);
   if (const auto exit_code = talven::AnswerCommandLine("talven", arguments, std::cout, std::cerr)) return *exit_code;
-  const talven::DesktopSession session(argc, argv);
+  const talven::DesktopSession session(argv);
   return talven::RunDesktop(arguments);
 }

@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
+#include <cstdio>
 
 #include "ui/qt/QtText.h"
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr int kColumns = 80;
 constexpr int kRows = 25;
+constexpr int kLongestOutput = 10'000;
 constexpr int kSignalBase = 128;
 
 }  // namespace
@@ -25,6 +27,7 @@ CommandWindow::CommandWindow(const Command& command, QWidget* parent)
   setWindowTitle(QFileInfo(ToQString(command.program)).fileName());
   setWindowModality(Qt::ApplicationModal);
   output_->setReadOnly(true);
+  output_->setMaximumBlockCount(kLongestOutput);
   output_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   output_->setLineWrapMode(QPlainTextEdit::NoWrap);
   auto* const layout = new QVBoxLayout(this);
@@ -37,7 +40,9 @@ CommandWindow::CommandWindow(const Command& command, QWidget* parent)
 
 void CommandWindow::ShowOutput() {
   output_->moveCursor(QTextCursor::End);
-  output_->insertPlainText(ToQString(process_.readAll().toStdString()));
+  const std::string text = process_.readAll().toStdString();
+  std::fputs(text.c_str(), stderr);  // What was printed is still to be read when this window has gone.
+  output_->insertPlainText(ToQString(text));
   output_->moveCursor(QTextCursor::End);
 }
 

@@ -4,6 +4,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 #include "ui/Toolkit.h"
 #include "ui/qt/AppIcon.h"
@@ -21,9 +22,9 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
 
 }  // namespace
 
-DesktopSession::DesktopSession(int& argc, char** argv) {
+DesktopSession::DesktopSession(char** argv) {
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
-  application_ = std::make_unique<QApplication>(argc, argv);
+  application_ = std::make_unique<QApplication>(argument_count_, argv);
   qInstallMessageHandler(usual);
   // The window system switches on the user's locale. Numbers keep their point.
   std::setlocale(LC_NUMERIC, "C");
@@ -35,6 +36,7 @@ DesktopSession::DesktopSession(int& argc, char** argv) {
 DesktopSession::~DesktopSession() = default;
 
 void ShowFatalError(std::string_view text) {
+  std::fprintf(stderr, "fatal I/O error: %s\n", std::string(text).c_str());
   MessageDialog({.icon = MessageIcon::kStop, .text = text, .title = "TALVEN"}, nullptr).exec();
 }
 

@@ -12,10 +12,12 @@ namespace talven {
 /// and ends the process with exit code 2.
 class DesktopSession {
  public:
-  DesktopSession(int& argc, char** argv);
+  /// `argv` is that of the process, of which Qt sees the program's name alone.
+  explicit DesktopSession(char** argv);
   ~DesktopSession();
 
  private:
+  int argument_count_ = 1;
   std::unique_ptr<QApplication> application_;
 };
 

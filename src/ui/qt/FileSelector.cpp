@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "ui/qt/QtText.h"
 
@@ -34,8 +35,13 @@ std::optional<QString> SelectFile(const FileQuestion& question, QWidget* parent)
   dialog.setFileMode(is_pattern ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
   dialog.setNameFilters(NameFilters(question.filter, is_pattern ? name : QString()));
   if (!is_pattern) dialog.selectFile(name);
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+  // The choosers of some desktops show no proposed name and accept nothing but a file that is there.
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+    const QString path = dialog.selectedFiles().constFirst();
+    if (QFileInfo(path).absoluteDir().exists()) return QDir::toNativeSeparators(path);
+  }
+  return std::nullopt;
 }
 
 }  // namespace talven

@@ -4,11 +4,13 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolTip>
 
 #include "ui/qt/IntegerSpinBox.h"
 #include "ui/qt/QtText.h"
@@ -220,6 +222,7 @@ bool FormDialog::Leave(const FormState::Field& field) {
   Widget(field.spec->id)->setFocus();
   going_back_ = false;
   edit->selectAll();
+  QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())), Widget(field.spec->id)->toolTip(), edit);
   return false;
 }
 
@@ -230,7 +233,17 @@ void FormDialog::FollowFocus(const QWidget* from, const QWidget* to) {
   if (left != nullptr && entered != nullptr && left != entered) Leave(*left);
 }
 
+bool FormDialog::PressesDefault(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || qobject_cast<QPushButton*>(watched) != nullptr) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  return qobject_cast<QAbstractButton*>(watched) != nullptr && (key == Qt::Key_Return || key == Qt::Key_Enter);
+}
+
 bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
+  if (PressesDefault(watched, event)) {
+    Press(kOkButton);
+    return true;
+  }
   if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick)
     return QDialog::eventFilter(watched, event);
   const auto* const widget = qobject_cast<QWidget*>(watched);
@@ -254,6 +267,10 @@ void FormDialog::reject() {
 }
 
 void FormDialog::EndAsItStands() {
+  for (const int id : touched_) {
+    const FormState::Field& field = *form_.Find(id);
+    if (IsNumeric(field.spec->kind) && IsValid(field)) Leave(field);
+  }
   done(HasExit() ? kExitButton : kOkButton);
 }
 

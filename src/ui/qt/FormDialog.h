@@ -57,6 +57,8 @@ class FormDialog : public QDialog {
   bool IsValid(const FormState::Field& field) const;
   /// Takes over what stands in a field; if it is not valid, beeps and goes back to it.
   bool Leave(const FormState::Field& field);
+  /// True for Enter on a round or square button, which some desktops take for a click on it.
+  static bool PressesDefault(QObject* watched, QEvent* event);
   void FollowFocus(const QWidget* from, const QWidget* to);
   void Press(int button);
 

@@ -70,6 +70,6 @@ int main(int argc, char** argv) {
   // A user with decimal commas, where the system has such a locale.
   qputenv("LC_ALL", "de_DE.UTF-8");
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  const talven::DesktopSession session(argc, argv);
+  const talven::DesktopSession session(argv);
   return RUN_ALL_TESTS();
 }
