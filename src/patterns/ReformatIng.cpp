@@ -9,24 +9,14 @@
 #include "patterns/ing/IngRows.h"
 #include "textio/Numbers.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/PatternFields.h"
 
 namespace talven {
 namespace {
 
+namespace field = pattern_field;
 namespace slot = reformat_slot;
 
-constexpr int kRadiationField = 1006;
-constexpr int kTwoThetaMaxBox = 1015;
-constexpr int kTwoThetaMaxField = 1016;
-constexpr int kBroadeningField = 1017;
-constexpr int kPowderCorrectionField = 1018;
-constexpr int kWavelengthField = 1013;
-constexpr int kStepField = 1014;
-
-constexpr std::int32_t kCopper = 1;
-constexpr std::int32_t kMolybdenum = 2;
-constexpr float kCopperWavelength = 1.54F;
-constexpr float kMolybdenumWavelength = 0.71069F;
 constexpr float kUnattendedLastAngle = 40.0F;
 
 constexpr std::string_view kLimitMessage = "100,000 point limit";
@@ -68,14 +58,13 @@ std::int32_t AskProperties(Ui& ui, PatternProperties& properties) {
   Toolkit& toolkit = ui.toolkit;
   toolkit.WDialogLoad(kPatternForm);
   toolkit.WDialogSelect(kPatternForm);
-  toolkit.WDialogPutReal(kWavelengthField, properties[slot::kOldWavelength], RealFormat{8, 5});
-  toolkit.WDialogPutReal(kStepField, properties[slot::kOldStep], RealFormat{4, 2});
-  for (const int field : {kTwoThetaMaxField, kBroadeningField, kTwoThetaMaxBox, kPowderCorrectionField})
-    toolkit.WDialogFieldState(field, 0);
+  toolkit.WDialogPutReal(field::kWavelength, properties[slot::kOldWavelength], RealFormat{8, 5});
+  toolkit.WDialogPutReal(field::kStep, properties[slot::kOldStep], RealFormat{4, 2});
+  for (const int id : field::kSimulationOnly) toolkit.WDialogFieldState(id, 0);
   toolkit.WDialogShow(-1, -1, 0, kModal);
-  properties[slot::kNewWavelength] = toolkit.WDialogGetReal(kWavelengthField);
-  properties[slot::kNewStep] = toolkit.WDialogGetReal(kStepField);
-  const std::int32_t radiation = toolkit.WDialogGetRadioButton(kRadiationField);
+  properties[slot::kNewWavelength] = toolkit.WDialogGetReal(field::kWavelength);
+  properties[slot::kNewStep] = toolkit.WDialogGetReal(field::kStep);
+  const std::int32_t radiation = toolkit.WDialogGetRadioButton(field::kRadiation);
   toolkit.WDialogUnload(kPatternForm);
   toolkit.WGrAreaClear();
   return radiation;
@@ -83,14 +72,14 @@ std::int32_t AskProperties(Ui& ui, PatternProperties& properties) {
 
 void ChooseProperties(Reformat& r) {
   FillProperties(r);
-  std::int32_t radiation = kCopper;
+  std::int32_t radiation = field::kCopper;
   if (r.run.RunMode == 0) {
     radiation = AskProperties(r.ui, r.properties);
   } else {
     r.header.LastAngle = kUnattendedLastAngle;
   }
-  if (radiation == kCopper) r.properties[slot::kNewWavelength] = kCopperWavelength;
-  if (radiation == kMolybdenum) r.properties[slot::kNewWavelength] = kMolybdenumWavelength;
+  float& wavelength = r.properties[slot::kNewWavelength];
+  wavelength = field::ChosenWavelength(radiation, wavelength);
 }
 
 /// Moves the range of the head. False if nothing of the pattern is left. On purpose the limit, a theta, is held against

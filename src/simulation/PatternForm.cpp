@@ -2,51 +2,32 @@
 
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/PatternFields.h"
 
 namespace talven {
 namespace {
 
+namespace field = pattern_field;
 namespace slot = simulation_slot;
 
-constexpr int kRadiationField = 1006;
-constexpr int kSymmetricalField = 1012;
-constexpr int kWavelengthField = 1013;
-constexpr int kStepField = 1014;
-constexpr int kTwoThetaMaxBox = 1015;
-constexpr int kTwoThetaMaxField = 1016;
-constexpr int kBroadeningField = 1017;
-constexpr int kPowderCorrectionField = 1018;
-constexpr int kHemisphereField = 1024;
-constexpr int kTwoThetaMinField = 1030;
-
-constexpr std::int32_t kCopper = 1;
-constexpr std::int32_t kMolybdenum = 2;
-constexpr float kCopperWavelength = 1.54F;
-constexpr float kMolybdenumWavelength = 0.71069F;
-
-void ChooseRadiation(std::int32_t radiation, PatternProperties& properties) {
-  if (radiation == kCopper) properties[slot::kWavelength] = kCopperWavelength;
-  if (radiation == kMolybdenum) properties[slot::kWavelength] = kMolybdenumWavelength;
-}
-
 void FillForm(Toolkit& toolkit, float wavelength) {
-  for (const int field : {kTwoThetaMaxField, kBroadeningField, kTwoThetaMaxBox, kPowderCorrectionField})
-    toolkit.WDialogFieldState(field, 1);
-  toolkit.WDialogPutReal(kWavelengthField, wavelength, RealFormat{8, 5});
+  for (const int id : field::kSimulationOnly) toolkit.WDialogFieldState(id, 1);
+  toolkit.WDialogPutReal(field::kWavelength, wavelength, RealFormat{8, 5});
 }
 
 PatternSettings ReadForm(const Toolkit& toolkit, PatternProperties& properties) {
   PatternSettings settings;
-  properties[slot::kWavelength] = toolkit.WDialogGetReal(kWavelengthField);
-  properties[slot::kStep] = toolkit.WDialogGetReal(kStepField);
-  settings.TwoThetaMin = toolkit.WDialogGetReal(kTwoThetaMinField);
+  properties[slot::kWavelength] = toolkit.WDialogGetReal(field::kWavelength);
+  properties[slot::kStep] = toolkit.WDialogGetReal(field::kStep);
+  settings.TwoThetaMin = toolkit.WDialogGetReal(field::kTwoThetaMin);
   properties[slot::kTwoThetaMax] =
-      toolkit.WDialogGetCheckBox(kTwoThetaMaxBox) == 1 ? toolkit.WDialogGetReal(kTwoThetaMaxField) : 0.0F;
-  properties[slot::kBroadening] = toolkit.WDialogGetReal(kBroadeningField);
-  properties[slot::kPowderCorrection] = toolkit.WDialogGetCheckBox(kPowderCorrectionField) == 1 ? 1.0F : 0.0F;
-  settings.SymmetricalPeaks = toolkit.WDialogGetCheckBox(kSymmetricalField) == 1;
-  settings.HemisphereExpansion = toolkit.WDialogGetCheckBox(kHemisphereField) == 1;
-  ChooseRadiation(toolkit.WDialogGetRadioButton(kRadiationField), properties);
+      toolkit.WDialogGetCheckBox(field::kTwoThetaMaxBox) == 1 ? toolkit.WDialogGetReal(field::kTwoThetaMax) : 0.0F;
+  properties[slot::kBroadening] = toolkit.WDialogGetReal(field::kBroadening);
+  properties[slot::kPowderCorrection] = toolkit.WDialogGetCheckBox(field::kPowderCorrection) == 1 ? 1.0F : 0.0F;
+  settings.SymmetricalPeaks = toolkit.WDialogGetCheckBox(field::kSymmetrical) == 1;
+  settings.HemisphereExpansion = toolkit.WDialogGetCheckBox(field::kHemisphere) == 1;
+  properties[slot::kWavelength] =
+      field::ChosenWavelength(toolkit.WDialogGetRadioButton(field::kRadiation), properties[slot::kWavelength]);
   return settings;
 }
 
@@ -65,7 +46,7 @@ PatternSettings AskPatternSettings(Ui& ui, PatternProperties& properties) {
 }
 
 PatternSettings FixedPatternSettings(PatternProperties& properties) {
-  ChooseRadiation(kCopper, properties);
+  properties[slot::kWavelength] = field::ChosenWavelength(field::kCopper, 0.0F);
   properties[slot::kStep] = 0.05F;
   properties[slot::kTwoThetaMax] = 40.0F;
   properties[slot::kBroadening] = 1.0F;

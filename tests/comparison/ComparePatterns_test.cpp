@@ -12,9 +12,7 @@ namespace {
 constexpr const char* kLog = "Talven_corvane.log";
 const std::string kCompare = "1015=on\nok\n";
 
-SessionResult Compare(const std::string& answers) {
-  return RunSession({"abc", "C:"}, answers);
-}
+SessionResult Compare(const std::string& answers) { return RunSession({"abc", "C:"}, answers); }
 
 void WritePeaks(const std::string& name, const std::string& rows, const std::string& wavelength = "1.54056") {
   WriteFile(name, "   Radiation Wavelength   " + wavelength + "\n   Marked peaks\n" + rows);

@@ -13,9 +13,7 @@ SessionResult RunCell(const std::string& cell, const std::string& answers = "ok\
   return RunSession({"ABC", "C:"}, "1006=5\nok\n" + answers + "exit\n");
 }
 
-bool Has(const std::string& indices) {
-  return Count(ReadFile("DUMMY.HKL"), indices + "  100.00    1.00 ") == 1;
-}
+bool Has(const std::string& indices) { return Count(ReadFile("DUMMY.HKL"), indices + "  100.00    1.00 ") == 1; }
 
 TEST(InsToDummyHkl, WritesTheHalfBox) {
   const TestDirectory directory;

@@ -57,9 +57,7 @@ std::string ReadFile(const fs::path& name) {
   return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-bool Exists(const fs::path& name) {
-  return fs::exists(name);
-}
+bool Exists(const fs::path& name) { return fs::exists(name); }
 
 std::string LineOf(const std::string& text, int number) {
   std::istringstream stream(text);
@@ -69,9 +67,7 @@ std::string LineOf(const std::string& text, int number) {
   return line;
 }
 
-int CountLines(const std::string& text) {
-  return static_cast<int>(std::ranges::count(text, '\n'));
-}
+int CountLines(const std::string& text) { return static_cast<int>(std::ranges::count(text, '\n')); }
 
 int Count(std::string_view text, std::string_view part) {
   int count = 0;

@@ -29,18 +29,14 @@ Step Press(Qt::Key key) {
   return [key](QDialog& dialog) { QTest::keyClick(&dialog, key); };
 }
 
-QWidget& Field(const QWidget& form, int id) {
-  return *form.findChild<QWidget*>(QString::number(id));
-}
+QWidget& Field(const QWidget& form, int id) { return *form.findChild<QWidget*>(QString::number(id)); }
 
 QLineEdit& Edit(const QWidget& form, int id) {
   auto* const edit = qobject_cast<QLineEdit*>(&Field(form, id));
   return edit != nullptr ? *edit : *Field(form, id).findChild<QLineEdit*>();
 }
 
-void Click(QWidget& widget) {
-  QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
-}
+void Click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2)); }
 
 void TypeInto(const QWidget& form, int id, const char* text) {
   Click(Edit(form, id));
