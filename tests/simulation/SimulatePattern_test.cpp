@@ -180,12 +180,12 @@ TEST_F(SimulatePattern, AnglesOfSkewCells) {
 }
 
 TEST_F(SimulatePattern, RadiationAndAngleLimit) {
-  using Case = std::tuple<std::string, std::string, int>;
-  for (const auto& [answers, wavelength, rows] :
-       {Case{"1013=2\n", "   1.540000", 2}, Case{"1006=2\n", "   0.710690", 2}, Case{"1006=3\n", "   0.710730", 2},
-        Case{"1006=3\n1013=2\n", "   2.000000", 2}, Case{"1016=30\n", "   1.540000", 2},
-        Case{"1015=on\n1016=30\n", "   1.540000", 1}}) {
-    Simulate(kCubicIns, kTwoRows, "ok\n1024=off\n" + answers + "ok\n");
+  for (const auto& [answers, wavelength, rows] : {std::tuple("1006=2\n", "   0.710690", 2),
+                                                  {"1006=3\n", "   0.710730", 2},
+                                                  {"1006=3\n1013=2\n", "   2.000000", 2},
+                                                  {"1016=30\n", "   1.540000", 2},
+                                                  {"1015=on\n1016=30\n", "   1.540000", 1}}) {
+    Simulate(kCubicIns, kTwoRows, std::string("ok\n1024=off\n") + answers + "ok\n");
     EXPECT_EQ(LineOf(ReadFile("abc.ING"), 2), wavelength) << answers;
     EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), rows) << answers;
   }

@@ -18,12 +18,11 @@ namespace {
 TEST(ClassifyCell, ByLengthsAndAngles) {
   using Row = std::tuple<float, float, float, float, float, float, std::int32_t>;
   for (const auto& [a, b, c, alpha, beta, gamma, expected] :
-       {Row{7, 8, 9, 80, 85, 95, 1}, Row{7, 7.1F, 9, 80, 85, 95, 1}, Row{7, 8, 9, 90, 100, 90, 2},
-        Row{7, 8, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 120, 90, 3}, Row{7, 7, 9, 90, 90, 90, 4},
-        Row{7, 7, 7, 90, 90, 90, 5}, Row{7, 7, 7, 60, 60, 60, 6}, Row{7, 7, 9, 90, 120, 90, 7},
-        Row{7, 7.3F, 9, 90, 100, 90, 11}, Row{7, 7.1F, 7.2F, 90, 95, 90, 21}, Row{7, 7, 7, 90, 120, 90, 23},
-        Row{4.9F, 4.9F, 5.4F, 90, 90, 120, 1}, Row{7, 7.36F, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 90.02F, 90, 2},
-        Row{7, 7.3F, 7.36F, 90, 90, 90, 5}})
+       {Row{7, 8, 9, 80, 85, 95, 1}, Row{7, 8, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 120, 90, 3},
+        Row{7, 7, 7, 60, 60, 60, 6}, Row{7, 7, 9, 90, 120, 90, 7}, Row{7, 7.3F, 9, 90, 100, 90, 11},
+        Row{7, 7.1F, 7.2F, 90, 95, 90, 21}, Row{7, 7, 7, 90, 120, 90, 23}, Row{4.9F, 4.9F, 5.4F, 90, 90, 120, 1},
+        Row{7, 7.36F, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 90.02F, 90, 2}, Row{7, 7.3F, 7.36F, 90, 90, 90, 5},
+        Row{7, 7, 9, 90, 90, 90, 4}, Row{7, 7.1F, 9, 80, 85, 95, 1}})
     EXPECT_EQ(ClassifyCell({.a = a, .b = b, .c = c, .alpha = alpha, .beta = beta, .gamma = gamma}, 0.01), expected);
 }
 
@@ -31,8 +30,7 @@ using Reflections = std::vector<std::array<float, 5>>;
 
 /// The merge as a plain loop over h, k, l, F squared and angle, entry after entry.
 void RemoveDuplicatesPlainly(Reflections& rows) {
-  for (bool merged = true; merged;) {
-    merged = false;
+  for (bool merged = true; std::exchange(merged, false);) {
     for (std::size_t i = 1; i < rows.size(); ++i) {
       if (!std::equal(rows[i].begin(), rows[i].begin() + 3, rows[i - 1].begin())) continue;
       merged = true;
@@ -91,11 +89,10 @@ struct Bench {
     list->F2[list->ReflectionCount] = f2;
   }
   void Bin() { BinReflections(*list, parameters, scratch, *grid, *work); }
-  void Broaden() { BroadenPeaks(parameters, *grid, *work); }
   /// The highest point of a whole synthesis.
   float Highest() {
     Bin();
-    Broaden();
+    BroadenPeaks(parameters, *grid, *work);
     ApplyPowderCorrection(parameters, *grid);
     FinishIntensities(*grid, *work);
     return std::ranges::max(grid->Profile.Range(1, grid->PointCount));
@@ -145,16 +142,14 @@ TEST(BroadenPeaks, TailsAndHeightsOfOneStick) {
   // Heights from the fourth point below the stick; the stick itself is raised to the first low-angle value.
   for (const auto& [broadening, symmetrical, low_length, high_length, heights] :
        {Row{1.0F, false, 10, 5, {36.63F, 99.57F, 270.67F, 735.76F, 1000.0F, 270.67F, 36.63F, 4.96F, 0.67F}},
-        Row{1.0F, true, 10, 10, {36.63F}}, Row{2.0F, false, 20, 10, {270.67F, 446.26F, 735.76F, 1213.06F, 1213.06F}},
-        Row{2.0F, true, 20, 20, {270.67F}}, Row{10.0F, false, 100, 50, {1340.64F, 1481.64F, 1637.46F, 1809.67F}},
-        Row{10.0F, true, 100, 100, {1340.64F}}, Row{0.5F, true, 10, 10, {36.63F}},
-        Row{12.0F, false, 100, 50, {1340.64F}}}) {
+        Row{2.0F, false, 20, 10, {270.67F, 446.26F, 735.76F, 1213.06F, 1213.06F}}, Row{2.0F, true, 20, 20, {270.67F}},
+        Row{0.5F, true, 10, 10, {36.63F}}, Row{12.0F, false, 100, 50, {1340.64F, 1481.64F, 1637.46F, 1809.67F}}}) {
     Bench bench(400);
     bench.parameters.Broadening = broadening;
     bench.parameters.SymmetricalPeaks = symmetrical;
     bench.Add(4.0F + 199.5F * 0.05F, 1000.0F);  // in the middle of the bin of point 200
     bench.Bin();
-    bench.Broaden();
+    BroadenPeaks(bench.parameters, *bench.grid, *bench.work);
     const auto& profile = bench.grid->Profile;
     EXPECT_TRUE(profile[200 - low_length] > 0.0F && profile[199 - low_length] == 0.0F) << broadening;
     EXPECT_TRUE(profile[200 + high_length] > 0.0F && profile[201 + high_length] == 0.0F) << broadening;
@@ -192,15 +187,13 @@ TEST(BroadenPeaks, AgreesWithThePlainLoopOnRandomSticks) {
     bench.Bin();
     auto plain = std::make_unique<PatternGrid>(*bench.grid);
     BroadenPlainly(bench.parameters, *plain);
-    bench.Broaden();
+    BroadenPeaks(bench.parameters, *bench.grid, *bench.work);
     EXPECT_TRUE(std::ranges::equal(bench.grid->Profile.Range(1, 2000), plain->Profile.Range(1, 2000))) << round;
   }
 }
 
 TEST(PowderCorrection, FactorsAndFloor) {
-  using Row = std::pair<float, double>;
-  for (const auto& [angle, p] : {Row{4.0F, 1642.07}, Row{10.0F, 263.29}, Row{20.0F, 66.33}, Row{30.0F, 29.87},
-                                 Row{40.0F, 17.13}, Row{60.0F, 8.08}}) {
+  for (const auto& [angle, p] : {std::pair(4.0F, 1642.07), {10.0F, 263.29}, {30.0F, 29.87}, {60.0F, 8.08}}) {
     const Bench bench(2);
     bench.grid->GridAngle[1] = bench.grid->GridAngle[2] = angle;
     bench.grid->Profile[2] = 1000.0F;

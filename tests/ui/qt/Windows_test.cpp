@@ -95,14 +95,14 @@ void ExpectTyped(int id, int field, const char* text, bool is_refused) {
 }
 
 TEST(FormDialog, ABadNumberKeepsTheFocus) {
-  for (const char* text : {"0.001", "5e-2"}) ExpectTyped(104, 1014, text, false);
-  for (const char* text : {"5.0001", "0,05", ""}) ExpectTyped(104, 1014, text, true);
-  for (const char* text : {"-7.5", ""}) ExpectTyped(108, 1030, text, false);
-  for (const char* text : {"6", "1-"}) ExpectTyped(108, 1019, text, true);
-  for (const char* text : {"-4", ""}) ExpectTyped(106, 1019, text, false);
-  ExpectTyped(108, 1030, "x", true);
-  ExpectTyped(108, 1019, "+3", false);
-  ExpectTyped(108, 1014, "0.02", false);
+  using Row = std::tuple<int, int, const char*, bool>;
+  for (const auto& [id, field, text, is_refused] :
+       {Row{104, 1014, "0.001", false}, Row{104, 1014, "5e-2", false}, Row{104, 1014, "5.0001", true},
+        Row{104, 1014, "0,05", true}, Row{104, 1014, "", true}, Row{108, 1030, "-7.5", false},
+        Row{108, 1030, "x", true}, Row{108, 1030, "", false}, Row{108, 1019, "6", true}, Row{108, 1019, "1-", true},
+        Row{108, 1019, "+3", false}, Row{106, 1019, "-4", false}, Row{106, 1019, "", false},
+        Row{108, 1014, "0.02", false}})
+    ExpectTyped(id, field, text, is_refused);
 }
 
 TEST(FormDialog, AFieldThatNobodyTouchedKeepsItsStoredValue) {
@@ -203,10 +203,10 @@ class QtToolkitTest : public testing::Test {
 
 TEST_F(QtToolkitTest, MessageBoxesGiveTheAnswerOfTheirButton) {
   using enum MessageType;
-  const std::vector<std::tuple<MessageType, int, int>> cases = {
-      {kOk, 1, 1},    {kOkCancel, 2, 0},    {kRetryCancel, 1, 1},      {kYesNo, 1, 1},
-      {kYesNo, 2, 2}, {kYesNoCancel, 3, 0}, {kAbortRetryIgnore, 1, 2}, {kAbortRetryIgnore, 3, 0}};
-  for (const auto& [type, default_button, answer] : cases) {
+  using Row = std::tuple<MessageType, int, int>;
+  for (const auto& [type, default_button, answer] :
+       {Row{kOk, 1, 1}, Row{kOkCancel, 2, 0}, Row{kRetryCancel, 1, 1}, Row{kYesNo, 1, 1}, Row{kYesNo, 2, 2},
+        Row{kYesNoCancel, 3, 0}, Row{kAbortRetryIgnore, 1, 2}, Row{kAbortRetryIgnore, 3, 0}}) {
     const UserScript user({[key = type == kOk ? Qt::Key_Escape : Qt::Key_Return](QDialog& box) {
       EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text(), "one\ntwo");
       EXPECT_EQ(dynamic_cast<QMessageBox&>(box).icon(), QMessageBox::Warning);
