@@ -18,12 +18,11 @@ SessionResult RunCell(const std::string& cell, const std::string& answers = "ok\
 bool Has(const std::string& indices) { return Count(ReadFile("DUMMY.HKL"), indices + "  100.00    1.00 ") == 1; }
 
 TEST_F(DummyHkl, InsWritesTheHalfBox) {
-  EXPECT_EQ(
-      RunCell(" 1.0 10 10 10 90 90 90").pane,
-      "ABC.INS\n\n    If there are general absences in the data it is\n    best to remove these general absences\n"
-      " Hmax Kmax and Lmax are    6   6   6\n\n   CELL\n"
-      "    1.0000  10.0000  10.0000  10.0000  90.0000  90.0000  90.0000\n"
-      "   Volume   1000.000\n\n   The file DUMMY.HKL has been written\n");
+  EXPECT_EQ(RunCell(" 1.0 10 10 10 90 90 90").pane,
+            "ABC.INS\n\n    If there are general absences in the data it is\n"
+            "    best to remove these general absences\n Hmax Kmax and Lmax are    6   6   6\n\n   CELL\n"
+            "    1.0000  10.0000  10.0000  10.0000  90.0000  90.0000  90.0000\n   Volume   1000.000\n\n"
+            "   The file DUMMY.HKL has been written\n");
   const std::string list = ReadFile("DUMMY.HKL");
   EXPECT_EQ(CountLines(list), 13 * 7 - 1 + 6 * 13 * 13);
   EXPECT_EQ(LineOf(list, 1), "   0  -6   0  100.00    1.00    0.30   34.92");
@@ -71,8 +70,9 @@ TEST_F(DummyHkl, InsRemovesAGeneralAbsence) {
 
 TEST_F(DummyHkl, InsTellsWhatIsWrong) {
   EXPECT_EQ(RunSession({"abc", "C:"}, "1006=5\nok\n").Boxes(), "INS File (d1) NOT Found\n");
-  EXPECT_FALSE(Exists("DUMMY.HKL"));
   EXPECT_EQ(Started(), "mirade.exe abc\n") << "the job name was not folded";
+  EXPECT_EQ(RunSession({"abc", "C:"}, "1006=6\nok\nexit\n").Boxes(), "FCF File NOT Found\n");
+  EXPECT_FALSE(Exists("DUMMY.HKL"));
   for (const auto& [cell, found] : {std::pair(" 1 2 3 4 90 90", "6"), {" 1 2 3 4 90 9o 90", "\"9o\""}}) {
     const std::string error = std::string("ABC.INS, line 3: expected 7 numbers after CELL, found ") + found + "\n";
     EXPECT_TRUE(RunCell(cell).messages.ends_with("fatal I/O error: " + error)) << error;
@@ -133,8 +133,8 @@ TEST_F(DummyHkl, FcfReadsTheWideLayout) {
   EXPECT_EQ(Dummy("   1   2   3        400.00        390.11         3.02 o\n"
                   "  -1 -12   3       1234.56        390.11         3.02 <\n"),
             "   1   2   3    400.     20.\n  -1 -12   3   1235.     35.\n");
-  EXPECT_EQ(Dummy(std::string(54, ' ') + "'x, y, z'\n" + Row("400.00")), "   1   2   3    400.     20.\n")
-      << "a line with blank fields is no row";
+  // A line with blank fields is no row.
+  EXPECT_EQ(Dummy(std::string(54, ' ') + "'x, y, z'\n" + Row("400.00")), "   1   2   3    400.     20.\n");
   WriteFile("abc.fcf",
             "   1   2   3        400.00        390.11         3.02 o\n"
             "   1   2   4          2.75        390.11 ************ o\n");
@@ -142,9 +142,6 @@ TEST_F(DummyHkl, FcfReadsTheWideLayout) {
 }
 
 TEST_F(DummyHkl, FcfTellsWhatIsWrong) {
-  EXPECT_EQ(RunSession({"abc", "C:"}, kOption6).Boxes(), "FCF File NOT Found\n");
-  EXPECT_FALSE(Exists("DUMMY.HKL"));
-
   for (const auto& [fcf, error] :
        {std::pair(std::string("_list_code 6\n"), "a LIST 4 row, found end of file\n"),
         {Row("4.00") + "\x01 row of letters\n", "h, k, l and a calculated F squared, found \"? row of letters\"\n"}}) {

@@ -68,8 +68,8 @@ TEST(SizeGrid, CutsWhatTheStoredStepGives) {
   auto grid = std::make_unique<PatternGrid>();
   using Row = std::tuple<float, float, float, std::int32_t, std::int32_t>;
   for (const auto& [highest, step, low, top, points] :
-       {Row{39.0F, 0.05F, 4.0F, 40, 719}, Row{39.99F, 0.05F, 4.0F, 40, 719}, Row{40.0F, 0.05F, 4.0F, 41, 739},
-        Row{0.0F, 0.05F, 0.5F, 1, 9}, Row{3.0F, 0.05F, 4.0F, 4, 0}, Row{100.0F, 0.001F, 4.0F, 101, 96999}}) {
+       {Row{39.99F, 0.05F, 4.0F, 40, 719}, Row{40.0F, 0.05F, 4.0F, 41, 739}, Row{0.0F, 0.05F, 0.5F, 1, 9},
+        Row{3.0F, 0.05F, 4.0F, 4, 0}, Row{100.0F, 0.001F, 4.0F, 101, 96999}}) {
     SizeGrid(highest, step, low, *grid);
     EXPECT_EQ(std::pair(grid->TopAngle, grid->PointCount), std::pair(top, points)) << highest;
   }
