@@ -15,8 +15,6 @@ class Array1 {
  public:
   constexpr T& operator[](std::int32_t index) { return elements_[Offset(index)]; }
   constexpr const T& operator[](std::int32_t index) const { return elements_[Offset(index)]; }
-  static constexpr std::int32_t Size() { return N; }
-  void Fill(const T& value) { elements_.fill(value); }
 
   /// Elements first to last, both included; empty if last is below first.
   std::span<T> Range(std::int32_t first, std::int32_t last) {

@@ -24,8 +24,6 @@ class InputFile {
   void Rewind();
 
   const std::string& Name() const { return name_; }
-  /// Number of the line read last, from 1.
-  std::size_t LineNumber() const { return line_number_; }
 
   /// Throws FatalIoError with file, line, what was expected and what stood there.
   [[noreturn]] void Fail(std::string_view expected, std::string_view found) const;
@@ -34,6 +32,7 @@ class InputFile {
   std::string name_;
   std::string content_;
   std::size_t position_ = 0;
+  /// Number of the line read last, from 1.
   std::size_t line_number_ = 0;
 };
 

@@ -11,11 +11,6 @@ namespace talven {
 /// Replaces every character below a blank, tabs included, by a blank.
 void BlankControlCharacters(Text80& line);
 
-/// Blanks all 80 characters of a text.
-inline void BlankLine(Text80& text) {
-  text = "";
-}
-
 /// The shared line. No value stays in it across a call of another part of the program.
 class LineBuffer {
  public:
