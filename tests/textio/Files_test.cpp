@@ -65,7 +65,7 @@ TEST_F(Files, EveryFailingWriteIsFatal) {
         Row{"folder", 0, "folder: cannot be opened for writing: Is a directory"},
         Row{"9:\\x", 0, "9:\\x: cannot be opened for writing: there is no such drive"}}) {
     OutputFile file;
-    EXPECT_EQ(ErrorOf([&] {
+    EXPECT_EQ(ErrorOf([&, name = name, lines = lines] {
                 file.Open(name);
                 for (int i = 0; i < lines; ++i) file.WriteLine("a line");
                 file.Close();

@@ -57,7 +57,7 @@ TEST(ConsoleToolkit, RefusalsTellLineAnswerAndWhatIsAccepted) {
         Row{"1007=1", "not the first button of its group: choose by the first one's id"},
         Row{"exit", "the form has no such button: expected ok or ID=VALUE"},
         Row{"hello", "expected ID=VALUE, ok or exit"}}) {
-    EXPECT_EQ(test::ErrorOf([&] { Terminal("# c\n\n" + answer + "\n").Show(kPatternForm); }),
+    EXPECT_EQ(test::ErrorOf([&answer = answer] { Terminal("# c\n\n" + answer + "\n").Show(kPatternForm); }),
               "answer in line 3 of the input refused: " + answer + ": " + reason);
     Terminal person(answer + "\n1014=0.1\nok\n", true);
     person.Show(kPatternForm);
