@@ -1,7 +1,6 @@
 #include "textio/FileNames.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <system_error>
 
 #include "textio/FatalIoError.h"
@@ -13,9 +12,6 @@ namespace fs = std::filesystem;
 
 constexpr char ToLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-constexpr bool IsLetter(char c) {
-  return ToLower(c) >= 'a' && ToLower(c) <= 'z';
 }
 
 bool EqualIgnoringCase(std::string_view a, std::string_view b) {
@@ -47,43 +43,6 @@ fs::path FindFolder(const fs::path& folder) {
 
 }  // namespace
 
-fs::path ToPath(std::string_view name) {
-  return fs::path(std::u8string(name.begin(), name.end()));
-}
-
-std::string FromPath(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
-#ifdef _WIN32
-std::optional<fs::path> NativePath(std::string_view name) {
-  return ToPath(name);
-}
-#else
-namespace {
-
-std::optional<std::string> DataHome() {
-  const char* const data_home = std::getenv("XDG_DATA_HOME");
-  if (data_home != nullptr && *data_home == '/') return data_home;
-  const char* const home = std::getenv("HOME");
-  if (home != nullptr && *home != '\0') return std::string(home) + "/.local/share";
-  return std::nullopt;
-}
-
-}  // namespace
-
-std::optional<fs::path> NativePath(std::string_view name) {
-  if (name.size() < 3 || name.substr(1, 2) != ":\\") return ToPath(name);
-  const char drive = name.front() == '/' ? 'c' : ToLower(name.front());
-  const auto data_home = DataHome();
-  if (!IsLetter(drive) || !data_home) return std::nullopt;
-  std::string path = *data_home + "/talven/drives/" + drive + std::string(name.substr(2));
-  std::ranges::replace(path, '\\', '/');
-  return ToPath(path);
-}
-#endif
-
 std::optional<fs::path> FindExisting(std::string_view name) {
   const auto path = NativePath(name);
   if (!path) return std::nullopt;
@@ -105,9 +64,7 @@ namespace {
 std::error_code Copy(std::string_view from, std::string_view to, Spelling spelling) {
   const auto source = FindExisting(from);
   const auto target = FindForWriting(to, spelling);
-  std::error_code error = std::make_error_code(std::errc::no_such_file_or_directory);
-  if (source && target) fs::copy_file(*source, *target, fs::copy_options::overwrite_existing, error);
-  return error;
+  return source && target ? CopyPath(*source, *target) : std::make_error_code(std::errc::no_such_file_or_directory);
 }
 
 }  // namespace
@@ -118,13 +75,14 @@ bool CopyExisting(std::string_view from, std::string_view to, Spelling spelling)
 
 void CopyRequired(std::string_view from, std::string_view to, Spelling spelling) {
   if (const std::error_code error = Copy(from, to, spelling))
-    throw FatalIoError(std::string(to) + ": cannot be made a copy of " + std::string(from) + ": " + error.message());
+    throw FatalIoError(std::string(to) + ": cannot be made a copy of " + std::string(from) + ": " +
+                       error.default_error_condition().message());
 }
 
 bool DeleteExisting(std::string_view name) {
   std::error_code error;
   const auto path = FindExisting(name);
-  return path && !fs::is_directory(*path, error) && fs::remove(*path, error);
+  return path && !fs::is_directory(*path, error) && RemovePath(*path);
 }
 
 }  // namespace talven

@@ -5,10 +5,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace talven {
 
-/// The text of a name or directory as the operating system's path; text is UTF-8 where the system cares.
+/// The text of a name or directory as the operating system's path, and back. The text is UTF-8 where the system cares;
+/// on Windows a name that is not is taken in the code page of older programs. No text fails.
 std::filesystem::path ToPath(std::string_view name);
 std::string FromPath(const std::filesystem::path& path);
 
@@ -35,6 +37,11 @@ bool CopyExisting(std::string_view from, std::string_view to, Spelling spelling 
 
 /// The same where the copy has to come about: throws FatalIoError if it did not, also where both names mean one file.
 void CopyRequired(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
+
+/// What systems do in different ways: copying a file onto another one or none, which fails where both are the same, and
+/// deleting one, which may be write-protected.
+std::error_code CopyPath(const std::filesystem::path& from, const std::filesystem::path& to);
+bool RemovePath(const std::filesystem::path& path);
 
 /// Deletes a file; a file that is not there is no error. True if one was deleted.
 bool DeleteExisting(std::string_view name);

@@ -1,0 +1,13 @@
+# Builds for 64-bit Windows on Linux, with Debian's mingw-w64; what is built runs there under Wine.
+#   cmake --toolchain cmake/mingw-w64.cmake -S . -B build/windows -G Ninja -DTALVEN_TESTS=OFF
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+# The programs bring the run-time library of the compiler with them.
+set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+find_program(CMAKE_CROSSCOMPILING_EMULATOR wine)
