@@ -1,10 +1,7 @@
 #include "app/CommandLine.h"
 
-#include <filesystem>
 #include <ostream>
-#include <system_error>
 
-#include "textio/FileNames.h"
 #include "textio/FixedText.h"
 #include "ui/LineBuffer.h"
 #include "ui/Toolkit.h"
@@ -40,10 +37,8 @@ void PrintUsage(std::string_view program, std::ostream& stream) {
 }  // namespace
 
 std::vector<std::string> CommandArguments(int argc, const char* const* argv) {
-  std::error_code error;
-  std::vector<std::string> arguments = {FromPath(std::filesystem::absolute(ToPath(argv[0]), error))};
-  for (int i = 1; i < argc; ++i)
-    if (*argv[i] != '\0') arguments.emplace_back(argv[i]);
+  std::vector<std::string> arguments = ProcessArguments(argc, argv);
+  std::erase(arguments, "");
   return arguments;
 }
 

@@ -9,8 +9,11 @@
 
 namespace talven {
 
-/// The arguments of the process with the program's own path first, which is made absolute since it begins with the
-/// drive. Empty ones don't count.
+/// The arguments of the process in UTF-8, with the program's own full path first, since it begins with the drive. The
+/// system itself is asked where what `main` gets is less than that.
+std::vector<std::string> ProcessArguments(int argc, const char* const* argv);
+
+/// The same without the empty ones, which don't count.
 std::vector<std::string> CommandArguments(int argc, const char* const* argv);
 
 /// Answers `--help` and `--version`, each as the only argument, and refuses a job name of more than 20 characters.

@@ -1,0 +1,16 @@
+#include <filesystem>
+#include <system_error>
+
+#include "app/CommandLine.h"
+#include "textio/FileNames.h"
+
+namespace talven {
+
+std::vector<std::string> ProcessArguments(int argc, const char* const* argv) {
+  std::error_code error;
+  std::vector<std::string> arguments(argv, argv + argc);
+  arguments.front() = FromPath(std::filesystem::absolute(ToPath(arguments.front()), error));
+  return arguments;
+}
+
+}  // namespace talven
