@@ -8,15 +8,49 @@
 namespace talven {
 namespace {
 
-/// Starts a program; the caller closes both handles.
-std::optional<PROCESS_INFORMATION> Start(std::string_view command, DWORD flags) {
+/// What a program that is waited for has as its streams: no input, and this process's standard error for all that it
+/// prints.
+class ChildStreams {
+ public:
+  ChildStreams() {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    input_ =
+        CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_EXISTING, 0, nullptr);
+    DuplicateHandle(GetCurrentProcess(), GetStdHandle(STD_ERROR_HANDLE), GetCurrentProcess(), &output_, 0, TRUE,
+                    DUPLICATE_SAME_ACCESS);
+  }
+  ~ChildStreams() {
+    CloseHandle(input_);
+    if (output_ != nullptr) CloseHandle(output_);
+  }
+  ChildStreams(const ChildStreams&) = delete;
+  ChildStreams& operator=(const ChildStreams&) = delete;
+
+  void PutInto(STARTUPINFOW& startup) const {
+    startup.dwFlags |= STARTF_USESTDHANDLES;
+    startup.hStdInput = input_;
+    startup.hStdOutput = output_;
+    startup.hStdError = output_;
+  }
+
+ private:
+  HANDLE input_ = nullptr;
+  HANDLE output_ = nullptr;
+};
+
+/// Starts a program, on the given streams or detached without any; the caller closes both handles.
+std::optional<PROCESS_INFORMATION> Start(std::string_view command, const ChildStreams* streams) {
   const auto found = FindCommand(command);
   if (!found) return std::nullopt;
-  std::wstring line = L'"' + ToPath(found->program).wstring() + L'"' + ToPath(found->arguments).wstring();
+  const std::wstring program = ToPath(found->program).wstring();
+  std::wstring line = L'"' + program + L'"' + ToPath(found->arguments).wstring();
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
+  if (streams != nullptr) streams->PutInto(startup);
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr, &startup, &process))
+  const bool inherits = streams != nullptr;
+  if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, inherits, inherits ? 0 : DETACHED_PROCESS,
+                      nullptr, nullptr, &startup, &process))
     return std::nullopt;
   return process;
 }
@@ -29,13 +63,14 @@ void CloseHandles(const PROCESS_INFORMATION& process) {
 }  // namespace
 
 bool StartDetached(std::string_view command) {
-  const auto process = Start(command, DETACHED_PROCESS);
+  const auto process = Start(command, nullptr);
   if (process) CloseHandles(*process);
   return process.has_value();
 }
 
 std::optional<int> RunAndWait(std::string_view command) {
-  const auto process = Start(command, 0);
+  const ChildStreams streams;
+  const auto process = Start(command, &streams);
   if (!process) return std::nullopt;
   WaitForSingleObject(process->hProcess, INFINITE);
   DWORD code = 0;
