@@ -7,7 +7,7 @@
 #include "ui/console/Terminal.h"
 
 int main(int argc, char** argv) {
-  talven::EnsureStandardStreams();
+  talven::PrepareStandardStreams();
   return talven::RunConsole(talven::CommandArguments(argc, argv),
                             {std::cin, std::cout, std::cerr, talven::IsTerminalInput()});
 }

@@ -1,4 +1,4 @@
-// Whether a person sits at the terminal.
+// The terminal, or what stands in its place.
 #pragma once
 
 namespace talven {
@@ -7,6 +7,7 @@ namespace talven {
 bool IsTerminalInput();
 
 /// Opens what is closed of standard input, output and error onto nothing, so that no file of the job takes its place.
-void EnsureStandardStreams();
+/// On Windows, where no file would, it makes lines end with LF and what is typed and shown UTF-8.
+void PrepareStandardStreams();
 
 }  // namespace talven
