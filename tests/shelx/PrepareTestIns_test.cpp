@@ -1,7 +1,4 @@
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-
-#include <csignal>
 
 #include "shelx/AtomSerials.h"
 #include "support/Session.h"
@@ -31,10 +28,11 @@ TEST(PrepareTestIns, NormalisesInPlace) {
   EXPECT_EQ(Normalised(source), result);
   EXPECT_EQ(Normalised(result), result) << "and that changes nothing any more";
   EXPECT_EQ(Normalised(std::string("\xEF\xBB\xBF").append(Replaced(source, "\n", "\r\n"))), result);
+  EXPECT_EQ(Count(Normalised("FVAR\nFVAR\nFMAP\n"), "LIST 4\nFMAP 2\nFVAR\n"), 2);
+  if (kOnWindows) return;
   WriteFile("vrail.ins", "somebody else's");
   EXPECT_EQ(Normalised(result), result);
   EXPECT_EQ(ReadFile("vrail.ins"), "somebody else's") << "another spelling beside the exact one is left alone";
-  EXPECT_EQ(Count(Normalised("FVAR\nFVAR\nFMAP\n"), "LIST 4\nFMAP 2\nFVAR\n"), 2);
 }
 
 TEST(PrepareTestIns, RewritesARawModel) {
@@ -102,15 +100,13 @@ TEST(PrepareTestIns, KeepsTheIncomingTextOfWhatCannotBeRewritten) {
 }
 
 TEST(PrepareTestIns, KeepsTheIncomingTextOnAFullDiskAndOfAJobNamedTest) {
-  std::signal(SIGXFSZ, SIG_IGN);
   const std::string model = Model(12);
   const auto expect_full = [&model](std::size_t room, const char* error, const char* kept) {
     const TestDirectory directory;
     WriteFile("abc.ins", model);
-    const rlimit limit{room, RLIM_INFINITY}, unlimited{RLIM_INFINITY, RLIM_INFINITY};
-    setrlimit(RLIMIT_FSIZE, &limit);
+    if (!LimitFileSize(room)) GTEST_SKIP() << "no such limit here";
     ExpectFatal("abc", model, error, kept);
-    setrlimit(RLIMIT_FSIZE, &unlimited);
+    LimitFileSize({});
   };
   expect_full(model.size() + 9, "ABC.INS: cannot be written: File too large", "TEST.INS");
   expect_full(model.size() - 9, "TEST.INS: cannot be made a copy of ABC.INS: File too large", "abc.ins");

@@ -1,11 +1,9 @@
 #include "support/Session.h"
 
-#include <sys/wait.h>
-
-#include <cstdlib>
+#include <algorithm>
+#include <iterator>
 #include <sstream>
 
-#include "app/CommandLine.h"
 #include "app/console/ConsoleProgram.h"
 #include "support/TestFiles.h"
 
@@ -30,13 +28,12 @@ std::string SessionResult::Boxes() const {
 }
 
 SessionResult RunSession(const std::vector<std::string>& arguments, const std::string& answers) {
-  std::vector<const char*> argv = {"/usr/bin/talven-console"};
-  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  std::vector<std::string> argv = {kOwnPath};
+  std::ranges::remove_copy(arguments, std::back_inserter(argv), "");
   std::istringstream input(answers);
   std::ostringstream output;
   std::ostringstream messages;
-  const int exit_code =
-      RunConsole(CommandArguments(static_cast<int>(argv.size()), argv.data()), {input, output, messages, false});
+  const int exit_code = RunConsole(argv, {input, output, messages, false});
   return {exit_code, BehindBanner(output.str()), output.str(), messages.str()};
 }
 
@@ -44,10 +41,8 @@ const std::string kTalvenConsole = TALVEN_CONSOLE;
 
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection) {
   WriteFile("../answers", answers);
-  const std::string command =
-      "'" + kTalvenConsole + "' " + arguments + " <../answers >../output 2>../messages " + redirection;
-  const int status = std::system(command.c_str());
-  const int exit_code = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  const int exit_code =
+      RunCommand("\"" + kTalvenConsole + "\" " + arguments + " <../answers >../output 2>../messages " + redirection);
   const std::string output = ReadFile("../output");
   return {exit_code, BehindBanner(output), output, ReadFile("../messages")};
 }

@@ -21,8 +21,11 @@ struct SessionResult {
 /// Runs `talven-console ARGUMENTS` in this process on the given answers. Arguments come without the program's path.
 SessionResult RunSession(const std::vector<std::string>& arguments, const std::string& answers);
 
-/// Path of the terminal program.
-extern const std::string kTalvenConsole;
+/// Path of the terminal program, and one as it has when it is installed.
+extern const std::string kTalvenConsole, kOwnPath;
+
+/// Runs a shell's command line and gives its exit code.
+int RunCommand(const std::string& command);
 
 /// Runs the real program; `redirection` is put behind its command line in a shell.
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection = "");

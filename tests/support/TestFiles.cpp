@@ -1,7 +1,5 @@
 #include "support/TestFiles.h"
 
-#include <stdlib.h>
-
 #include <algorithm>
 #include <chrono>
 #include <fstream>
@@ -19,18 +17,12 @@ TestDirectory::TestDirectory() : before_(fs::current_path()) {
   root_ = fs::canonical(fs::temp_directory_path()) / ("talven-" + std::to_string(random()));
   work_ = root_ / "work";
   fs::create_directories(work_);
-  setenv("XDG_DATA_HOME", (root_ / "home").c_str(), 1);
+  SetDrive();
   fs::create_directories(Drive() / "exe/VELDOR");
   WriteFile(Drive() / "exe/VELDOR/DIR.DEF", work_.string() + "\n");
   for (const char* program : {"mirade.exe", "kestra.exe"})
     WriteProgram(program, "printf '%s %s\\n' \"${0##*/}\" \"$*\" >../started");
   fs::current_path(work_);
-}
-
-void TestDirectory::WriteProgram(const std::string& name, const std::string& commands) const {
-  const fs::path path = Drive() / "exe" / name;
-  WriteFile(path, "#!/bin/sh\ncd '" + work_.string() + "'\n" + commands + "\n");
-  fs::permissions(path, fs::perms::owner_all);
 }
 
 std::string TestDirectory::Started() const {

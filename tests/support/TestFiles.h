@@ -3,6 +3,7 @@
 
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,13 +22,15 @@ class TestDirectory {
   /// Where the files of the job lie.
   const std::filesystem::path& Path() const { return work_; }
   /// The folder of drive C in the data home.
-  std::filesystem::path Drive() const { return root_ / "home/talven/drives/c"; }
+  std::filesystem::path Drive() const;
   /// Puts a shell script into the place of a program on drive C; it runs in the directory of the job's files.
   void WriteProgram(const std::string& name, const std::string& commands) const;
   /// What the program started on exit has left, waited for.
   std::string Started() const;
 
  private:
+  void SetDrive() const;
+
   std::filesystem::path root_;
   std::filesystem::path work_;
   std::filesystem::path before_;
@@ -37,6 +40,10 @@ void WriteFile(const std::filesystem::path& name, std::string_view content);
 /// The content of a file; a text that says so if it is not there.
 std::string ReadFile(const std::filesystem::path& name);
 bool Exists(const std::filesystem::path& name);
+/// There a file has one name in whatever case, and tests have no links and no full disk.
+extern const bool kOnWindows;
+/// Makes writes beyond a size fail, or no longer; false where the system can't.
+bool LimitFileSize(std::optional<std::size_t> size);
 /// Line `number` of a text, from 1, without its end.
 std::string LineOf(const std::string& text, int number);
 int CountLines(const std::string& text);
