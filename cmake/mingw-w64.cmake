@@ -2,6 +2,7 @@
 #   cmake --toolchain cmake/mingw-w64.cmake -S . -B build/windows -G Ninja -DTALVEN_TESTS=OFF
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 # The programs bring the run-time library of the compiler with them.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
