@@ -17,6 +17,7 @@ namespace talven {
 namespace {
 
 constexpr wchar_t kCtrlZ = 26;
+constexpr std::size_t kBufferSize = 64 * 1024;
 
 /// Lines typed on the console, in UTF-8: by way of the C library other letters than ASCII would come in its code page.
 class ConsoleInput : public std::streambuf {
@@ -44,9 +45,12 @@ bool IsTerminalInput() {
 }
 
 void PrepareStandardStreams() {
-  // The same bytes as on other systems; a console takes a lone LF for the end of a line too.
-  _setmode(_fileno(stdout), _O_BINARY);
-  _setmode(_fileno(stderr), _O_BINARY);
+  for (std::FILE* const stream : {stdout, stderr}) {
+    // The same bytes as on other systems; a console takes a lone LF for the end of a line too.
+    _setmode(_fileno(stream), _O_BINARY);
+    // Without a buffer a console would get one byte at a time, and so no letter of two.
+    std::setvbuf(stream, nullptr, _IOFBF, kBufferSize);
+  }
   if (IsTerminalInput()) {
     static ConsoleInput input;
     std::cin.rdbuf(&input);
