@@ -32,14 +32,6 @@ TEST_F(DummyHkl, InsWritesTheHalfBox) {
 
 TEST_F(DummyHkl, InsTakesTheLimitsAsTheyCome) {
   EXPECT_EQ(LineOf(RunCell("\t1,9.0/8.9 3.0 90 90 90 of all axes").pane, 5), " Hmax Kmax and Lmax are    6   5   3");
-  EXPECT_EQ(LineOf(RunCell(" 1 1E12 -1E12 -5 90 90 90", "1019=-1\nok\n").pane, 5),
-            " Hmax Kmax and Lmax are   -1****  -2");
-  EXPECT_EQ(ReadFile("DUMMY.HKL"), "") << "no rows with a limit below 0";
-  RunCell(" 2.4 1 1 1 90 90 120", "1019=1\n1020=0\n1021=1\nok\n");
-  // With gamma 120 degrees a* is 1.1547: sin theta is 1.2 * 1.1547, and 1.2 * sqrt(1.3333 + 1).
-  EXPECT_EQ(ReadFile("DUMMY.HKL"),
-            "   0   0   1  100.00    1.00    1.20    0.90\n   1   0  -1  100.00    1.00    1.83    0.90\n"
-            "   1   0   0  100.00    1.00    1.39    0.90\n   1   0   1  100.00    1.00    1.83    0.90\n");
 }
 
 TEST_F(DummyHkl, InsRoundsWhereTheLastDigitShows) {
@@ -105,20 +97,6 @@ std::string Dummy(const std::string& fcf) {
   const SessionResult result = RunSession({"abc", "C:"}, kOption6);
   EXPECT_EQ(result.pane, "   The file DUMMY.HKL has been written\n") << result.messages;
   return ReadFile("DUMMY.HKL");
-}
-
-TEST_F(DummyHkl, FcfWritesValueAndSigmaAndRescalesOnceAValuePassesTheThreshold) {
-  for (const auto& [values, list] :
-       {std::pair(std::vector{"-3.00", "0.00", "1.00", "1.01", "400.00", "40000", "123.40"},
-                  "      1.      3.|      1.      3.|      1.      3.|      1.      1.|    400.     20.|    400.     "
-                  "20.|    123.     11.|"),
-        {{"200000.00", "400.00", "30.00", "0.00"},
-         "   2000.     45.|      4.      2.|      0.      2.|      0.      3.|"},
-        {{"100000.00"}, " 100000.    316.|"}}) {
-    std::string rows;
-    for (const char* value : values) rows += Row(value);
-    EXPECT_EQ(Replaced(Replaced(Dummy(rows), "   1   2   3", ""), "\n", "|"), list);
-  }
 }
 
 TEST_F(DummyHkl, FcfEndsAtZeroIndicesOrAtTheEndOfTheFile) {

@@ -54,33 +54,6 @@ std::string Hkl(const std::string& indices) {
   return text;
 }
 
-TEST_F(SimulatePattern, WritesAllFilesOfASmallPattern) {
-  const std::time_t now = std::time(nullptr);
-  const std::string moment = (std::ostringstream() << std::put_time(std::localtime(&now), "%d-%m-%Y at ")).str();
-  const SessionResult result = Simulate(kCubicIns, kTwoRows, kFourPoints);
-  EXPECT_EQ(result.pane,
-            "abc.INS\n   Reading\n  CELL\n   0.710730   4.0000   4.0000   4.0000  90.0000  90.0000  90.0000\n"
-            "  Volume     64.000\n   CALCULATING\n   Reflections read            2\n   Total reflections           2\n"
-            "   REMOVING DUPLICATES\n\n     abc\n   1.540000\n          3\n         32\n      5.000\n          1\n"
-            "          4\n\nabc.ING (+CPI, XY, PAT) written\n");
-  EXPECT_EQ(result.Boxes(), "abc.ING (+CPI, XY, PAT) written\n");
-  EXPECT_EQ(ReadFile("abc.ING"),
-            "abc (Talven)\n   1.540000\n     10.000\n     25.000\n      5.000\n  1000\n     4\n    10.00           2.\n"
-            "    15.00          74.\n    20.00         100.     1   0   0\n    25.00          27.\n");
-  EXPECT_EQ(ReadFile("abc.XY"),
-            " REM Mirade/Talven Shelx HKL to powder XY\n     10.0000        2.00000    \n"
-            "     15.0000        73.5759    \n     20.0000        100.000    \n     25.0000        27.0671    \n");
-  EXPECT_EQ(ReadFile("SBRAG.LST"), kTwoReflections);
-  EXPECT_EQ(ReadFile("abc.PAT"), " Mirade/Talven Shelx HKL to RIET7 DAT\n  \n  \n  \n  12.000   5.000  32.000\n");
-  const std::string cpi = ReadFile("abc.CPI");
-  const std::string told = LineOf(cpi, 7);
-  EXPECT_TRUE(Replaced(told, " ", "0").starts_with(Replaced(moment, " ", "0")) && told.size() == 22) << told;
-  EXPECT_EQ(Replaced(cpi, told, "DATE"),
-            " SIETRONICS\n12.000\n32.000\n5.000\n Xx\n1.540000\nDATE\n 1\n abc from shelx HKL using Talven\n SCANDATA\n"
-            "2\n74\n100\n27\n");
-  EXPECT_FALSE(Exists("abc.TMP"));
-}
-
 TEST_F(SimulatePattern, RunsWithoutAPatternTellWhy) {
   const std::string fatal = "fatal I/O error: abc.INS, line 2: expected 7 numbers after CELL, found ";
   for (const auto& [ins, rows, answers, told] :
