@@ -28,6 +28,8 @@ void CloseHandles(const PROCESS_INFORMATION& process) {
 
 }  // namespace
 
+void EnsureStandardStreams() {}  // Files take no descriptors of the streams here.
+
 bool StartDetached(std::string_view command) {
   const auto process = Start(command, DETACHED_PROCESS);
   if (process) CloseHandles(*process);

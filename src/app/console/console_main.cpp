@@ -4,6 +4,7 @@
 
 #include "app/CommandLine.h"
 #include "app/console/ConsoleProgram.h"
+#include "ui/Process.h"
 #include "ui/console/Terminal.h"
 
 int main(int argc, char** argv) {

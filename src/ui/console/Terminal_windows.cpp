@@ -8,6 +8,4 @@ bool IsTerminalInput() {
   return _isatty(0) != 0;
 }
 
-void EnsureStandardStreams() {}  // Files take no descriptors of the streams here.
-
 }  // namespace talven
