@@ -104,7 +104,6 @@ TEST_F(DummyHkl, FcfEndsAtZeroIndicesOrAtTheEndOfTheFile) {
   const std::string list = "   1   2   3      4.      2.\n";
   EXPECT_EQ(Dummy(head + Row("4.00") + Row("1.00", "   0   0   0") + "not a row\n"), list);
   EXPECT_EQ(Dummy(head + Row("4.00", "   1   2   3") + Row("4.00", "   1   2   3", '<')), list + list);
-  EXPECT_EQ(Dummy("\xEF\xBB\xBF" + head + "   1   2   3        4.00        1.00      1.00 o\r\n"), list);
 }
 
 TEST_F(DummyHkl, FcfReadsTheWideLayout) {
