@@ -71,24 +71,6 @@ TEST_F(Conversions, NameTheLineWhereAnIngHeadIsCut) {
   }
 }
 
-TEST_F(Conversions, EndTheRowsOfAnIngFileInTheirOwnWay) {
-  const std::string rows = ": expected a row of 2 theta and counts, found ";
-  WriteFile("ABC.ING",
-            "\xEF\xBB\xBFt\r\n1.54 A\r\n\r\n 4.,x\r\n\t6\r\n5E-1\r\n4\r\n3 rows\n4 10   1   0   2\n4.5,\n\n11 tail");
-  EXPECT_EQ(RunOptions({"3"}).pane, "\n    NEW.CIF written\n");
-  EXPECT_EQ(ReadFile("NEW.CIF"),
-            "_diffraction_radiation_wavelength 1.5400\n_pd_meas_2theta_range_min         4.0000\n"
-            "_pd_meas_2theta_range_max          6.0000\n_pd_meas_2theta_range_inc         0.5000\n"
-            "_pd_meas_step_count_time          4.0000\nloop_\n    _pd_meas_counts_total\n"
-            "                10.\n                11.\n");
-  for (const char* option : {"4\nok\n", "8"})
-    EXPECT_EQ(Fatal(RunOptions({option})), "ABC.ING, line 13" + rows + "end of file\n");
-  WriteFile("ABC.ING", Ing("4\n6\nnan", 3, ""));
-  EXPECT_EQ(Fatal(RunOptions({"4"})), "ABC.ING, line 5: expected a step size, found \"nan\"\n");
-  WriteFile("ABC.ING", Ing("4\n6\n.5", 3, "4 10\n4.5 x1\n"));
-  for (const char* option : {"3", "8"}) EXPECT_EQ(Fatal(RunOptions({option})), "ABC.ING, line 9" + rows + "\"x1\"\n");
-}
-
 TEST_F(Conversions, IngToAscScalesTheStrongestPointToTwo) {
   for (const Case& c :
        {Case{Ing("4\n40\n.05", 3, "4 50\n4.05 81\n4.1 -1\n"),
@@ -123,28 +105,6 @@ TEST_F(Conversions, RoundTripFromASimulationToCifAndBack) {
   for (int line = 8; line <= CountLines(back); ++line) {
     EXPECT_NEAR(std::stof(LineOf(back, line)), std::stof(LineOf(simulated, line)), 0.0051) << line;
     EXPECT_EQ(std::stof(LineOf(back, line).substr(13)), std::stof(LineOf(simulated, line).substr(12, 10))) << line;
-  }
-}
-
-/// A sound file with pieces of pattern files, put together at random, in its midst.
-std::string Damaged(const std::string& file, std::mt19937& random) {
-  constexpr const char* kPieces[] = {"\n", " ",   "-", ".", "1E38", "9999999999", "loop_",   "REM",
-                                     "0",  "nan", ",", "/", "\x80", "\r\n",       "4.5 7\n", "\t"};
-  std::string text = file.substr(0, random() % file.size());
-  for (auto i = random() % 12; i > 0; --i) text += kPieces[random() % std::size(kPieces)];
-  return random() % 2 == 0 ? text : text + file.substr(std::min(file.size(), text.size()));
-}
-
-TEST_F(Conversions, BadInputEndsInAMessageOrAnErrorThatNamesTheLine) {
-  std::mt19937 random(3);
-  for (int i = 0; i < 50; ++i) {
-    for (const char* option : {"3", "4\nok\n", "4\n1006=2\nok\n", "4\n1006=3\nok\n", "8", "9", "2"}) {
-      WriteFile("ABC.ING", Damaged(Ing("4\n5\n.5", 3, "4 1\n4.5 2\n5 3\n"), random));
-      WriteFile("ABC.CIF", Damaged(kCifHead + kLoop + "1\n2\n", random));
-      WriteFile("ABC.TXT", Damaged("REM\n4 1\n4.5 2\n5 3\n", random));
-      const SessionResult result = RunOptions({option});
-      EXPECT_EQ(result.exit_code, Fatal(result).find(", line ") == 7 ? 1 : 0) << result.messages;
-    }
   }
 }
 

@@ -8,6 +8,7 @@
 //   -- error --          its report of a fatal error, with exit code 1 (0 where a run has no such section)
 //   -- file NAME --      a file as it has to be now; `(date)` stands for what changes from run to run, and a line with
 //                        `(directory)` for the job's directory is filled to 81 columns
+//   -- started --        the program started on leaving, with its arguments
 //   -- gone NAME --      a file that must not be there
 #include <gtest/gtest.h>
 
@@ -71,6 +72,7 @@ TEST_P(Sessions, LeaveWhatTheyTell) {
     const auto& [verb, object, lines] = *section;
     SCOPED_TRACE(verb + " " + object);
     if (verb == "write") {
+      if (const fs::path path = object; path.has_parent_path()) fs::create_directories(path.parent_path());
       WriteFile(object, lines);
     } else if (verb == "run") {
       result = RunSession(WordsOf(object), lines);
@@ -83,6 +85,8 @@ TEST_P(Sessions, LeaveWhatTheyTell) {
       EXPECT_EQ(result.Boxes(), lines);
     } else if (verb == "error") {
       EXPECT_TRUE(result.messages.ends_with("fatal I/O error: " + lines)) << result.messages;
+    } else if (verb == "started") {
+      EXPECT_EQ(directory.Started(), lines);
     } else if (verb == "file") {
       EXPECT_EQ(ReadFile(object), Completed(lines, ReadFile(object)));
     } else {

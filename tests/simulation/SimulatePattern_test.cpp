@@ -137,13 +137,6 @@ TEST_F(SimulatePattern, StopsAtTheLimitOfKeptRows) {
   EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 30'000);
 }
 
-TEST_F(SimulatePattern, AnglesOfSkewCells) {
-  Simulate("CELL 1 9.744 9.922 10.98 64.086 78.354 63.504\n", Hkl("1 0 0, 1 -2 3, -3 1 2, 2 3 1"), "ok\nok\n");
-  EXPECT_EQ(ReadFile("SBRAG.LST"),
-            "    1   0   0     10.13      10.00\n    1  -2   3     44.98      10.00\n"
-            "   -3   1   2     39.25      10.00\n    2   3   1     28.15      10.00\n");
-}
-
 TEST_F(SimulatePattern, RadiationAndAngleLimit) {
   for (const auto& [answers, told] :
        {Job{"1006=2\n", "   0.710690 2"}, Job{"1006=3\n", "   0.710730 2"}, Job{"1006=3\n1013=2\n", "   2.000000 2"},
