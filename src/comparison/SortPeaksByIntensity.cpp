@@ -23,6 +23,10 @@ void SinkPeak(PeakList& list, std::int32_t from, std::int32_t gap) {
 
 void SortPeaksByIntensity(PeakList& list) {
   const std::int32_t n = list.count;
+  // Before the other sort, since most files give the peaks by rising angle.
+  const auto rising = list.RisingTwoTheta.Range(1, n);
+  std::ranges::copy(list.TwoTheta.Range(1, n), rising.begin());
+  std::ranges::sort(rising);
   for (std::int32_t gap = n / 2; gap > 0; gap /= 2)
     for (std::int32_t i = gap + 1; i <= n; ++i) SinkPeak(list, i, gap);
   std::ranges::reverse(list.TwoTheta.Range(1, n));
