@@ -83,8 +83,13 @@ std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
     if (answer->empty() || EqualsIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
     std::error_code error;
-    auto path = FindForWriting(*answer).value_or(ToPath(*answer));
-    if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name).filename();
+    auto path = NativePath(*answer).value_or(ToPath(*answer));
+    auto type = std::filesystem::status(path, error).type();
+    if (type == std::filesystem::file_type::not_found) {
+      path = FindForWriting(*answer).value_or(path);
+      type = std::filesystem::status(path, error).type();
+    }
+    if (type == std::filesystem::file_type::directory) path /= ToPath(request.proposed_name).filename();
     if (!path.has_parent_path()) return FromPath(std::filesystem::current_path(error) / path);
     const auto folder = std::filesystem::canonical(path.parent_path(), error);
     if (!error && std::filesystem::is_directory(folder, error)) return FromPath(folder / path.filename());
