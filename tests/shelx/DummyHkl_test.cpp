@@ -121,6 +121,13 @@ TEST_F(DummyHkl, FcfWritesValueAndSigmaAndRescalesOnceAValuePassesTheThreshold) 
   }
 }
 
+TEST_F(DummyHkl, FcfThatEndsBadlyBehindALargeValueLeavesItsRowsAsTheyWere) {
+  WriteFile("abc.fcf", Row("400.00") + Row("200000.00") + Row("30.00") + "letters\n" + Row("4.00"));
+  EXPECT_EQ(Count(RunSession({"abc", "C:"}, kOption6).messages, "abc.fcf, line 4: expected h, k, l"), 1);
+  EXPECT_EQ(Replaced(ReadFile("DUMMY.HKL"), "   1   2   3", ""),
+            "    400.     20.\n 200000.    447.\n     30.      5.\n");
+}
+
 TEST_F(DummyHkl, FcfEndsAtZeroIndicesOrAtTheEndOfTheFile) {
   const std::string head = std::string(47, 'x') + "O\n_list_code 4\n" + Row("9.00", "   8   8   8", '<');
   const std::string list = "   1   2   3      4.      2.\n";
