@@ -18,8 +18,7 @@ MOST_MEMORY = 24
 class Run(NamedTuple):
     name: str
     answers: str
-    """Gives the text of each input file by its name."""
-    inputs: Callable[[], dict]
+    inputs: Callable[[], dict]  # the text of each input file by its name
     outputs: list
     limit: float = 4
 
