@@ -30,10 +30,15 @@ bool ReadWhole(std::ifstream& stream, std::uintmax_t expected_size, std::string&
 bool InputFile::Open(std::string_view name) {
   Close();
   name_ = TrimRight(name);
-  const auto path = FindExisting(name_);
+  auto path = NativePath(name_);
   if (!path) return false;
   std::error_code error;
   std::uintmax_t size = std::filesystem::file_size(*path, error);
+  if (error) {
+    path = FindExisting(name_);
+    if (!path) return false;
+    size = std::filesystem::file_size(*path, error);
+  }
   if (error) {
     // Only a file tells its size: a folder can't be read, and a device might have no end.
     if (!std::filesystem::is_fifo(*path, error)) return false;
