@@ -32,9 +32,11 @@ TEST_F(DummyHkl, InsWritesTheHalfBox) {
 
 TEST_F(DummyHkl, InsTakesTheLimitsAsTheyCome) {
   EXPECT_EQ(LineOf(RunCell("\t1,9.0/8.9 3.0 90 90 90 of all axes").pane, 5), " Hmax Kmax and Lmax are    6   5   3");
-  EXPECT_EQ(LineOf(RunCell(" 1 1E12 -1E12 -5 90 90 90", "1019=-1\nok\n").pane, 5),
-            " Hmax Kmax and Lmax are   -1****  -2");
-  EXPECT_EQ(ReadFile("DUMMY.HKL"), "") << "no rows with a limit below 0";
+  for (const auto& [cell, limits] : {std::pair(" 1E12 1E12 -5", "********  -2"), {" -5 1E12 1E12", "  -2********"}}) {
+    const std::string pane = RunCell(std::string(" 1") + cell + " 90 90 90").pane;
+    EXPECT_EQ(LineOf(pane, 5), std::string(" Hmax Kmax and Lmax are ") + limits);
+    EXPECT_EQ(ReadFile("DUMMY.HKL"), "") << "no rows with a limit below 0, and no long way to none";
+  }
   RunCell(" 2.4 1 1 1 90 90 120", "1019=1\n1020=0\n1021=1\nok\n");
   // With gamma 120 degrees a* is 1.1547: sin theta is 1.2 * 1.1547, and 1.2 * sqrt(1.3333 + 1).
   EXPECT_EQ(ReadFile("DUMMY.HKL"),
