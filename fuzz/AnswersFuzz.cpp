@@ -33,7 +33,7 @@ void RunInput(std::string_view input) {
   way.answers = input;
   Files files = kFiles;
   files["VRAIL.INS"] = kFiles.at("ABC.INS");
-  RunSession(files, way);
+  RunSession(files, way, {{"VRAIL.FCF", kFiles.at("ABC.FCF")}});
 }
 
 }  // namespace talven::fuzz

@@ -13,10 +13,11 @@ void RunInput(std::string_view input) {
       Unattended("ABC"),
       Unattended("vrail"),
   };
+  constexpr std::string_view kFcf = "   1   0   0      100.00      100.00      1.00 o\n";
   const Way& way = TakeWay(input, kWays);
   const std::string& job = way.arguments.front();
   RunSession({{job + ".INS", input}, {job + ".HKL", "   1   0   0  100.00    1.00\n   1   1  -1   50.00    1.00\n"}},
-             way);
+             way, {{"VRAIL.fcf", kFcf}, {"ABC.FCF", kFcf}});
 }
 
 }  // namespace talven::fuzz

@@ -24,6 +24,30 @@ namespace fs = std::filesystem;
 
 constexpr rlim_t kLargestOutput = 1 << 20;
 
+void WriteFiles(const Files& files) {
+  for (const auto& [name, content] : files) std::ofstream(name, std::ios::binary) << content;
+}
+
+/// The terminal's toolkit with a stand-in for the refinement program, which leaves its files.
+class FuzzedToolkit : public ConsoleToolkit {
+ public:
+  FuzzedToolkit(const Way& way, std::istream& input, std::ostream& output, const Files& refined)
+      : ConsoleToolkit(Arguments(way), input, output, output, false), refined_(refined) {}
+  std::optional<int> IOsCommand(std::string_view /*command*/, int /*flags*/) override {
+    WriteFiles(refined_);
+    return 0;
+  }
+
+ private:
+  static std::vector<std::string> Arguments(const Way& way) {
+    std::vector<std::string> arguments = {"/usr/bin/talven-console"};
+    arguments.insert(arguments.end(), way.arguments.begin(), way.arguments.end());
+    return arguments;
+  }
+
+  const Files& refined_;
+};
+
 /// What the program finds on its disk. It is made anew for each session and gone at the end of the process.
 class Scratch {
  public:
@@ -32,10 +56,6 @@ class Scratch {
     if (mkdtemp(root.data()) == nullptr) std::abort();
     root_ = root;
     for (const char* variable : {"HOME", "XDG_DATA_HOME"}) setenv(variable, (root_ / "home").c_str(), 1);
-    // Files that can't grow further fail as on a full disk: an input must not fill the real one.
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{.rlim_cur = kLargestOutput, .rlim_max = kLargestOutput};
-    setrlimit(RLIMIT_FSIZE, &limit);
   }
   ~Scratch() {
     std::error_code error;
@@ -53,20 +73,37 @@ class Scratch {
     fs::create_directory(work);
     std::ofstream(folder / "DIR.DEF") << work.string() << '\n';
     fs::current_path(work);
-    for (const auto& [name, content] : files) std::ofstream(name, std::ios::binary) << content;
+    WriteFiles(files);
   }
 
  private:
   fs::path root_;
 };
 
+/// While it lives, files that can't grow further fail as on a full disk: an input must not fill the real one.
+class OutputLimit {
+ public:
+  OutputLimit() {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{.rlim_cur = kLargestOutput, .rlim_max = before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~OutputLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+  OutputLimit(const OutputLimit&) = delete;
+  OutputLimit& operator=(const OutputLimit&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
 /// The program's life as in RunConsole, in storage that stays: fresh pages for its arrays would take most of the time.
-void RunProgram(const std::vector<std::string>& arguments, const std::string& answers) {
+void RunProgram(const Way& way, const Files& refined) {
   alignas(Program) static std::byte storage[sizeof(Program)];
-  std::istringstream input(answers);
+  const OutputLimit limit;
+  std::istringstream input(way.answers);
   std::ostringstream output;
-  std::ostringstream messages;
-  ConsoleToolkit toolkit(arguments, input, output, messages, false);
+  FuzzedToolkit toolkit(way, input, output, refined);
   Ui ui(toolkit);
   Program* const program = new (storage) Program();
   try {
@@ -95,13 +132,11 @@ const Way& TakeWay(std::string_view& input, const std::vector<Way>& ways) {
   return ways[static_cast<unsigned char>(byte - '0') % ways.size()];
 }
 
-void RunSession(const Files& files, const Way& way) {
+void RunSession(const Files& files, const Way& way, const Files& refined) {
   static const Scratch scratch;
   const fs::path before = fs::current_path();
   scratch.Fill(files);
-  std::vector<std::string> arguments = {"/usr/bin/talven-console"};
-  arguments.insert(arguments.end(), way.arguments.begin(), way.arguments.end());
-  RunProgram(arguments, way.answers);
+  RunProgram(way, refined);
   fs::current_path(before);
 }
 

@@ -29,7 +29,7 @@ Way Unattended(const std::string& job);
 const Way& TakeWay(std::string_view& input, const std::vector<Way>& ways);
 
 /// Runs the program on these files and no others, in a directory of its own with a data home where no program lies that
-/// it could start. Output files end with a fatal error at a megabyte.
-void RunSession(const Files& files, const Way& way);
+/// it could start; `refined` is what the refinement leaves. Output files end with a fatal error at a megabyte.
+void RunSession(const Files& files, const Way& way, const Files& refined = {});
 
 }  // namespace talven::fuzz
