@@ -1,4 +1,4 @@
-// HKL files, in cells of three kinds.
+// HKL files, in cells of four kinds.
 #include "support/FuzzedSession.h"
 
 namespace talven::fuzz {
@@ -12,7 +12,7 @@ void RunInput(std::string_view input) {
       Options({"1\n1014=0.001\n1030=0.5\nok\n1014=1\nok"}),
   };
   constexpr std::string_view kCells[] = {"CELL 0.7 4 4 4 90 90 90\n", "CELL 1.54 8.2 6 8.6 90 122.9 90\n",
-                                         "CELL 1.54 30 31 32 80 95 100\n"};
+                                         "CELL 1.54 30 31 32 80 95 100\n", "CELL 0.7 3 3 4 90 90 120\n"};
   const Way& way = TakeWay(input, kWays);
   RunSession({{"ABC.INS", kCells[input.size() % std::size(kCells)]}, {"ABC.HKL", input}}, way);
 }

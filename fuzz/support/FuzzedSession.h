@@ -22,7 +22,7 @@ struct Way {
 
 /// Job ABC started by its caller: options in turn, each with the answers behind it, as "4\n1006=3\nok\n".
 Way Options(const std::vector<std::string>& options, const std::string& job = "ABC");
-/// The job on an automatic run without questions.
+/// The job on an unattended run, without questions.
 Way Unattended(const std::string& job);
 
 /// Takes the first byte off an input, which chooses one of the ways: '0' the first, and so on, round and round.
