@@ -9,10 +9,14 @@ else()
   target_compile_options(talven_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wfloat-conversion -Wsign-conversion -Werror -ffp-contract=off)
 endif()
-if(TALVEN_SANITIZE)
+if(TALVEN_SANITIZE OR TALVEN_FUZZ)
   target_compile_options(talven_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(talven_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TALVEN_FUZZ)
+  target_compile_options(talven_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_definitions(talven_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
 # talven_library(NAME FOLDER [LINK targets...])

@@ -1,46 +1,33 @@
-"""CPU time and memory of a command beside its floor, for the end-to-end scripts of this folder."""
+"""CPU time and memory of whole runs of the terminal program, beside its floor."""
 import os
 import pathlib
 import statistics
 import subprocess
 import tempfile
+import time
+from typing import Callable, NamedTuple
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BIN = ROOT / 'build/release/bin'
 CONSOLE = BIN / 'talven-console'
-FLOOR = BIN / 'bench_floor'
-USAGE = BIN / 'bench_usage'
+SECONDS = 4
+FEWEST_ROUNDS = 9
+MOST_MEMORY = 24
 
 
-def run_once(command, cwd, answers=None, env=None):
-    """User and system seconds, and the largest resident size in MiB."""
-    # Messages go to a file: whoever empties a pipe takes time from the program.
-    with open(answers or os.devnull, 'rb') as stdin, tempfile.TemporaryFile() as messages:
-        subprocess.run([str(c) for c in (USAGE, *command)], cwd=cwd, stdin=stdin, stdout=subprocess.DEVNULL,
-                       stderr=messages, env=env, check=True)
-        messages.seek(0)
-        figures = messages.read().decode('latin-1').split('\n')[-2]
-    _, seconds, kib = figures.split()
-    return float(seconds), int(kib) / 1024
+class Run(NamedTuple):
+    name: str
+    answers: str
+    inputs: Callable[[], dict]  # the text of each input file by its name
+    outputs: list
+    limit: float = 4
 
 
-def compare(name, cwd, answers, inputs, outputs, limit, arguments=('BENCH', 'C:'), rounds=21):
-    """Runs the console program and the floor in turn and prints the ratio of their median CPU times."""
-    env = dict(os.environ, XDG_DATA_HOME=str(cwd / 'home'))
-    command = [CONSOLE, *arguments]
-    run_once(command, cwd, answers, env)
-    floor = [FLOOR, *inputs, '--']
-    for output in outputs:
-        floor += [(cwd / output).stat().st_size, 'floor-' + output]
-    ours, floors, memory = [], [], 0.0
-    for _ in range(rounds):
-        seconds, size = run_once(command, cwd, answers, env)
-        ours.append(seconds)
-        memory = max(memory, size)
-        floors.append(run_once(floor, cwd)[0])
-    ratio = statistics.median(ours) / statistics.median(floors)
-    print('| %s | %.1f | %g | %.1f MiB |' % (name, ratio, limit, memory), flush=True)
-    return ratio <= limit
+def build():
+    """The release preset's terminal program, and what measures it."""
+    for command in (['--preset', 'release', '-G', 'Ninja'],
+                    ['--build', '--preset', 'release', '--target', 'talven-console', 'bench_floor', 'bench_usage']):
+        subprocess.run(['cmake', *command], cwd=ROOT, stdout=subprocess.DEVNULL, check=True)
 
 
 def prepare(cwd):
@@ -49,3 +36,46 @@ def prepare(cwd):
     (exe / 'VELDOR').mkdir(parents=True)
     (exe / 'VELDOR/DIR.DEF').write_text(str(cwd) + '\n')
     (exe / 'mirade.exe').symlink_to('/bin/true')
+
+
+def run_once(command, cwd, answers=os.devnull, env=None):
+    """User and system seconds, and the largest resident size in MiB."""
+    # Messages go to a file: whoever empties a pipe takes time from the program.
+    with open(answers, 'rb') as stdin, tempfile.TemporaryFile() as messages:
+        subprocess.run([str(c) for c in (BIN / 'bench_usage', *command)], cwd=cwd, stdin=stdin,
+                       stdout=subprocess.DEVNULL, stderr=messages, env=env, check=True)
+        messages.seek(0)
+        figures = messages.read().decode('latin-1').split('\n')[-2]
+    _, seconds, kib = figures.split()
+    return float(seconds), int(kib) / 1024
+
+
+def measure(cwd, answers, inputs, outputs):
+    """Median CPU seconds of program and floor, run in turn, and the program's largest resident size in MiB."""
+    env = dict(os.environ, XDG_DATA_HOME=str(cwd / 'home'))
+    command = [CONSOLE, 'BENCH', 'C:']
+    run_once(command, cwd, answers, env)
+    floor = [BIN / 'bench_floor', *inputs, '--']
+    for output in outputs:
+        floor += [(cwd / output).stat().st_size, 'floor-' + output]
+    ours, floors = [], []
+    end = time.monotonic() + SECONDS
+    while len(ours) < FEWEST_ROUNDS or time.monotonic() < end:
+        ours.append(run_once(command, cwd, answers, env))
+        floors.append(run_once(floor, cwd)[0])
+    return statistics.median(seconds for seconds, _ in ours), statistics.median(floors), max(size for _, size in ours)
+
+
+def compare(run):
+    """Prints the row of a run; true if it keeps its marks."""
+    with tempfile.TemporaryDirectory() as name:
+        cwd = pathlib.Path(name)
+        prepare(cwd)
+        (cwd / 'answers').write_text(run.answers)
+        inputs = run.inputs()
+        for file, text in inputs.items():
+            (cwd / file).write_text(text)
+        ours, floor, resident = measure(cwd, cwd / 'answers', inputs, run.outputs)
+    memory = resident - max(map(len, inputs.values())) / 2**20
+    print('| %s | %.1f | %g | %.1f MiB |' % (run.name, ours / floor, run.limit, memory), flush=True)
+    return ours <= run.limit * floor and memory <= MOST_MEMORY

@@ -16,13 +16,13 @@ constexpr int kCompareField = 1015;
 constexpr std::int32_t kUnattendedOption = 5;
 
 void SimulateFromHkl(Ui& ui, Program& program) {
-  SimulatePattern(ui, program.run, program.simulation, 0, program.run.Properties);
+  SimulatePattern(ui, program.run, *program.simulation, 0, program.run.Properties);
 }
 void SimulateFromFcf(Ui& ui, Program& program) {
-  SimulatePattern(ui, program.run, program.simulation, 1, program.run.Properties);
+  SimulatePattern(ui, program.run, *program.simulation, 1, program.run.Properties);
 }
 void WriteDummyHkl(Ui& ui, Program& program) {
-  InsToDummyHkl(ui, program.run, program.ins_to_dummy_hkl, program.fcf_to_hkl, program.simulation);
+  InsToDummyHkl(ui, program.run, program.ins_to_dummy_hkl, program.fcf_to_hkl, *program.simulation);
 }
 void WriteHklFromFcf(Ui& ui, Program& program) {
   FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
@@ -34,13 +34,13 @@ void ConvertIngToCif(Ui& ui, Program& program) {
   IngToCif(ui, program.run);
 }
 void Reformat(Ui& ui, Program& program) {
-  ReformatIng(ui, program.run, program.reformat, program.run.Properties);
+  ReformatIng(ui, program.run, *program.reformat, program.run.Properties);
 }
 void ConvertIngToTxt(Ui& ui, Program& program) {
-  IngToTxt(ui, program.run, program.ing_to_txt);
+  IngToTxt(ui, program.run, *program.ing_to_txt);
 }
 void ConvertTxt(Ui& ui, Program& program) {
-  TxtToIng(ui, program.run, program.txt_to_ing);
+  TxtToIng(ui, program.run, *program.txt_to_ing);
 }
 
 /// Handlers by option number.

@@ -1,6 +1,8 @@
 // Everything that lives as long as the process.
 #pragma once
 
+#include <memory>
+
 #include "comparison/ComparePatterns.h"
 #include "patterns/CifToIng.h"
 #include "patterns/IngToTxt.h"
@@ -13,16 +15,29 @@
 
 namespace talven {
 
+/// Data that is made at its first use and kept from then on: to clear all the arrays takes longer than most runs.
+template <typename Data>
+class OnDemand {
+ public:
+  Data& operator*() {
+    if (!data_) data_ = std::make_unique<Data>();
+    return *data_;
+  }
+
+ private:
+  std::unique_ptr<Data> data_;
+};
+
 /// The run and the working data of every handler. Handlers keep their data from one call to the next.
 struct Program {
   RunState run;
-  SimulationData simulation;
+  OnDemand<SimulationData> simulation;
   InsToDummyHklData ins_to_dummy_hkl;
   FcfToHklData fcf_to_hkl;
   CifToIngData cif_to_ing;
-  ReformatData reformat;
-  IngToTxtData ing_to_txt;
-  TxtToIngData txt_to_ing;
+  OnDemand<ReformatData> reformat;
+  OnDemand<IngToTxtData> ing_to_txt;
+  OnDemand<TxtToIngData> txt_to_ing;
   ComparisonData comparison;
 };
 

@@ -17,6 +17,8 @@ struct PeakList {
   Array1<float, kPeakCapacity> TwoTheta;
   /// Peak height; after normalising the strongest peak has 99000.
   Array1<float, kPeakCapacity> Intensity;
+  /// The positions alone, by rising angle; set by the sort by intensity.
+  Array1<float, kPeakCapacity> RisingTwoTheta;
 };
 
 }  // namespace talven

@@ -1,8 +1,8 @@
 #include "comparison/ScorePair.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <numeric>
 #include <span>
 
 #include "textio/Numbers.h"
@@ -19,50 +19,63 @@ constexpr double kMostIntFactor = 0.01F;
 constexpr double kAreaFactor = 0.02F;
 constexpr double kAreaPerCount = 0.1F;
 
-/// For each peak of a list the reference peak that it goes with, 0 for none.
-using PartnerList = Array1<std::int32_t, kPeakCapacity>;
+using StrongestPositions = std::array<float, kStrongest>;
 
-std::int32_t CountUnmatched(PartnerList& partners, std::int32_t count) {
-  return static_cast<std::int32_t>(std::ranges::count(partners.Range(1, count), 0));
-}
+/// The matching pairs of two lists of positions in rising order.
+struct Matches {
+  std::int32_t pairs = 0;
+  /// Pairs whose second position lies below a limit.
+  std::int32_t low_pairs = 0;
+  /// Positions without a partner.
+  std::int32_t unmatched_first = 0;
+  std::int32_t unmatched_second = 0;
+};
 
-void CountPair(const ComparedPair& pair, std::int32_t i, std::int32_t j, PairScore& score) {
-  score.RMATCH += 1.0F;
-  if (pair.Sample.TwoTheta[j] < pair.TwoThetaLimit) ++score.LowMatchCount;
-  if (i <= kStrongest && j <= kStrongest) score.T4RS += 1.0F;
-}
-
-/// Numbers of the peaks of a list, by rising position: what is near one angle lies together.
-std::span<const std::int32_t> OrderByPosition(const PeakList& list, PartnerList& numbers) {
-  const auto order = numbers.Range(1, list.count);
-  std::iota(order.begin(), order.end(), 1);
-  std::ranges::sort(order, {}, [&list](std::int32_t j) { return list.TwoTheta[j]; });
-  return order;
-}
-
-/// Counts every pair of peaks within AngTol: a peak may belong to several.
-void MatchPeaks(const ComparedPair& pair, double AngTol, PairScore& score) {
-  PartnerList reference_partners;
-  PartnerList sample_partners;
-  PartnerList numbers;
-  const auto order = OrderByPosition(pair.Sample, numbers);
-  const auto sample_position = [&pair](std::int32_t j) -> double { return pair.Sample.TwoTheta[j]; };
-  for (std::int32_t i = 1; i <= pair.Reference.count; ++i) {
-    const double position = pair.Reference.TwoTheta[i];
-    auto near = std::ranges::partition_point(
-        order, [&](double sample) { return position - sample >= AngTol; }, sample_position);
-    for (; near != order.end() && sample_position(*near) - position < AngTol; ++near) {
-      const std::int32_t j = *near;
-      reference_partners[i] = i;
-      sample_partners[j] = i;
-      CountPair(pair, i, j, score);
-    }
-    if (reference_partners[i] != 0) continue;
-    score.RNM += 1.0F;
-    if (i <= kStrongest) score.RNM4 += 1.0F;
+/// Counts every pair within AngTol: a peak may belong to several.
+Matches FindMatches(std::span<const float> first, std::span<const float> second, double AngTol, float limit = 0.0F) {
+  Matches matches;
+  auto near = second.begin();
+  auto seen = near;  // the end of what has had a partner
+  std::int32_t matched_second = 0;
+  for (const double position : first) {
+    while (near != second.end() && position - *near >= AngTol) ++near;
+    auto partner = near;
+    for (; partner != second.end() && *partner - position < AngTol; ++partner)
+      if (*partner < limit) ++matches.low_pairs;
+    matches.pairs += static_cast<std::int32_t>(partner - near);
+    if (partner == near) ++matches.unmatched_first;
+    matched_second += static_cast<std::int32_t>(partner - std::max(near, seen));
+    seen = partner;
   }
-  score.NotMatchedR = CountUnmatched(reference_partners, pair.Reference.count);
-  score.NotMatchedS = CountUnmatched(sample_partners, pair.Sample.count);
+  matches.unmatched_second = static_cast<std::int32_t>(second.size()) - matched_second;
+  return matches;
+}
+
+/// The positions of the strongest peaks of a list, rising.
+std::span<const float> TakeStrongest(const PeakList& list, StrongestPositions& positions) {
+  const auto strongest = list.TwoTheta.Range(1, std::min(list.count, kStrongest));
+  const auto taken = std::span(positions).first(strongest.size());
+  std::ranges::copy(strongest, taken.begin());
+  std::ranges::sort(taken);
+  return taken;
+}
+
+void MatchPeaks(const ComparedPair& pair, double AngTol, PairScore& score) {
+  const auto reference = pair.Reference.RisingTwoTheta.Range(1, pair.Reference.count);
+  const auto sample = pair.Sample.RisingTwoTheta.Range(1, pair.Sample.count);
+  const Matches matches = FindMatches(reference, sample, AngTol, pair.TwoThetaLimit);
+  score.RMATCH = Store(matches.pairs);
+  score.LowMatchCount = matches.low_pairs;
+  score.RNM = Store(matches.unmatched_first);
+  score.NotMatchedR = matches.unmatched_first;
+  score.NotMatchedS = matches.unmatched_second;
+
+  StrongestPositions reference_positions;
+  StrongestPositions sample_positions;
+  const auto reference_strongest = TakeStrongest(pair.Reference, reference_positions);
+  const auto sample_strongest = TakeStrongest(pair.Sample, sample_positions);
+  score.T4RS = Store(FindMatches(reference_strongest, sample_strongest, AngTol).pairs);
+  score.RNM4 = Store(FindMatches(reference_strongest, sample, AngTol).unmatched_first);
 }
 
 /// Relates the number of pairs to the number of peaks; a difference in size counts the same in either direction.

@@ -69,6 +69,7 @@ HklLimits LimitsOf(const UnitCell& cell) {
 void WriteDummyReflections(const UnitCell& cell, const HklLimits& limits, AbsenceRule rule, OutputFile& hkl) {
   const Index KMax = limits.KMax;
   const Index LMax = limits.LMax;
+  if (KMax < 0 || LMax < 0) return;  // The empty loop may stand within others that would take years.
   for (Index h = 0; h <= limits.HMax; ++h)
     for (Index k = -KMax; k <= KMax; ++k)
       for (Index l = h == 0 ? 0 : -LMax; l <= LMax; ++l) {

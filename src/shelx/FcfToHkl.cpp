@@ -15,7 +15,8 @@ namespace {
 
 constexpr float kRescaleThreshold = 100'000.0F;
 
-enum class RescaleState { kNotNeeded, kNeeded, kRescaling };
+/// kUnreadable: rescaling was needed, but the list can't be read to its end.
+enum class RescaleState { kNotNeeded, kNeeded, kRescaling, kUnreadable };
 
 std::optional<List4Row> ReadNarrowRow(std::string_view line) {
   const auto h = ReadI(Columns(line, 1, 4));
@@ -24,13 +25,6 @@ std::optional<List4Row> ReadNarrowRow(std::string_view line) {
   const auto value = ReadF(Columns(line, 13, 24), 2);
   if (!h || !k || !l || !value) return std::nullopt;
   return List4Row{.H = *h, .K = *k, .L = *l, .CalculatedF2 = *value};
-}
-
-/// Reads the row on a line of the list.
-List4Row ReadRow(const InputFile& fcf, std::string_view line, List4Reader& rows) {
-  const auto row = rows.Read(line, ReadNarrowRow);
-  if (!row) fcf.Fail("h, k, l and a calculated F squared", Quote(line));
-  return *row;
 }
 
 /// The line of the first data row: the one that ends the header.
@@ -57,16 +51,20 @@ float PrepareValue(float value, RescaleState& state, float& sigma) {
   return value;
 }
 
-void WriteList(InputFile& fcf, OutputFile& hkl, RescaleState& state, float& sigma) {
+/// Writes the list, from where rescaling turns out to be needed on without the rows: they will be written anew. Gives
+/// the line that is no row, if there is one.
+std::optional<std::string_view> WriteList(InputFile& fcf, OutputFile& hkl, RescaleState& state, float& sigma) {
   List4Reader rows;
-  List4Row row = ReadRow(fcf, FindFirstRow(fcf), rows);
-  while (!row.EndsList()) {
-    const float value = PrepareValue(row.CalculatedF2, state, sigma);
-    hkl.WriteLine(Record().I(row.H, 4).I(row.K, 4).I(row.L, 4).F(value, 8, 0).F(sigma, 8, 0));
-    std::string_view line;
-    if (!fcf.ReadLine(line)) return;
-    row = ReadRow(fcf, line, rows);
-  }
+  std::string_view line = FindFirstRow(fcf);
+  do {
+    const auto row = rows.Read(line, ReadNarrowRow);
+    if (!row) return line;
+    if (row->EndsList()) break;
+    const float value = PrepareValue(row->CalculatedF2, state, sigma);
+    if (state == RescaleState::kNeeded) continue;
+    hkl.WriteLine(Record().I(row->H, 4).I(row->K, 4).I(row->L, 4).F(value, 8, 0).F(sigma, 8, 0));
+  } while (fcf.ReadLine(line));
+  return std::nullopt;
 }
 
 }  // namespace
@@ -81,13 +79,14 @@ void FcfToHkl(Ui& ui, RunState& run, FcfToHklData& data, std::int32_t quiet_flag
   OutputFile hkl;
   hkl.Open("DUMMY.HKL");
   RescaleState state = RescaleState::kNotNeeded;
-  WriteList(fcf, hkl, state, data.Sigma);
+  auto bad_line = WriteList(fcf, hkl, state, data.Sigma);
   if (state == RescaleState::kNeeded) {
-    state = RescaleState::kRescaling;
+    state = bad_line ? RescaleState::kUnreadable : RescaleState::kRescaling;
     fcf.Rewind();
     hkl.Rewind();
-    WriteList(fcf, hkl, state, data.Sigma);
+    bad_line = WriteList(fcf, hkl, state, data.Sigma);
   }
+  if (bad_line) fcf.Fail("h, k, l and a calculated F squared", Quote(*bad_line));
   ui.line = "   The file DUMMY.HKL has been written";
   if (quiet_flag == 0) ui.pane.WriteTextLine(1);
   hkl.Close();

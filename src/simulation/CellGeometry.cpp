@@ -56,7 +56,7 @@ float TwoThetaOf(float sin_theta) {
   return Store(std::atan(s / std::sqrt((1.0 - s) * (1.0 + s))) * 2.0 * kDegreesPerRadian);
 }
 
-BraggAngle ComputeTwoTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l) {
+float ComputeSinTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l) {
   const double as = cell.AStar;
   const double bs = cell.BStar;
   const double cs = cell.CStar;
@@ -64,8 +64,7 @@ BraggAngle ComputeTwoTheta(const UnitCell& cell, float wavelength, std::int32_t 
                    static_cast<double>(l * l) * cell.CStarSquared + (2 * h * k) * as * bs * cell.CosGammaStar +
                    (2 * h * l) * as * cs * cell.CosBetaStar + (2 * k * l) * bs * cs * cell.CosAlphaStar;
   const float magnitude = Store(std::fabs(q));
-  const float s = Store(std::sqrt(static_cast<double>(magnitude)) * 0.5 * wavelength);
-  return {s, TwoThetaOf(s)};
+  return Store(std::sqrt(static_cast<double>(magnitude)) * 0.5 * wavelength);
 }
 
 std::int32_t ClassifyCell(const UnitCell& cell, double tolerance) {

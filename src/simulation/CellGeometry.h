@@ -13,16 +13,10 @@ void DeriveReciprocalCell(UnitCell& cell);
 /// sin theta from which on a reflection counts as beyond reach, at about 143.6 degrees of 2theta.
 inline constexpr float kLargestSinTheta = 0.95F;
 
-struct BraggAngle {
-  float SinTheta = 0.0F;
-  /// Degrees.
-  float TwoTheta = 0.0F;
-};
+/// sin theta of h k l by Bragg's law, wavelength / 2d; it may pass 1.
+float ComputeSinTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l);
 
-/// The angle of h k l by Bragg's law, sin theta = wavelength / 2d. 2theta is not-a-number where sin theta passes 1.
-BraggAngle ComputeTwoTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l);
-
-/// 2theta in degrees of a sin theta.
+/// 2theta in degrees of a sin theta below 1.
 float TwoThetaOf(float sin_theta);
 
 /// The class of a cell by its lengths (within 5 % of a) and its angles (within the tolerance, degrees): 1 none of the

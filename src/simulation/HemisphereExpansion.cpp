@@ -1,5 +1,7 @@
 #include "simulation/HemisphereExpansion.h"
 
+#include <algorithm>
+
 #include "simulation/CellGeometry.h"
 
 namespace talven {
@@ -38,8 +40,7 @@ std::int32_t OneSidedAxis(const IndexRange& range, std::int32_t from, std::int32
 }
 
 float CopyTwoTheta(const Expansion& expansion, std::int32_t h, std::int32_t k, std::int32_t l) {
-  const BraggAngle angle = ComputeTwoTheta(expansion.cell, expansion.limits.Wavelength, h, k, l);
-  return angle.SinTheta >= kLargestSinTheta ? TwoThetaOf(kLargestSinTheta) : angle.TwoTheta;
+  return TwoThetaOf(std::min(ComputeSinTheta(expansion.cell, expansion.limits.Wavelength, h, k, l), kLargestSinTheta));
 }
 
 /// Copies entries with one index negated. False if the list is full; its count is then as before the pass.

@@ -1,6 +1,7 @@
 #include "simulation/ReflectionSource.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 #include "simulation/CellGeometry.h"
@@ -53,9 +54,15 @@ void StoreRow(ReflectionList& list, std::int32_t slot, const List4Row& row, floa
   list.TwoTheta[slot] = two_theta;
 }
 
-bool IsWithin(const BraggAngle& angle, const ReflectionLimits& limits) {
-  if (angle.SinTheta >= kLargestSinTheta) return false;
-  return !(limits.TwoThetaMax > 0.0001 && angle.TwoTheta > limits.TwoThetaMax);
+bool HasAngleLimit(const ReflectionLimits& limits) {
+  return limits.TwoThetaMax > 0.0001;
+}
+
+/// A sin theta beyond which no angle has to be computed, for the row is surely rejected: a little above the limit's
+/// own.
+double FarSinTheta(const ReflectionLimits& limits) {
+  if (!HasAngleLimit(limits)) return kLargestSinTheta;
+  return 1.0001 * std::sin(std::min(0.5 * limits.TwoThetaMax / kDegreesPerRadian, 1.5));
 }
 
 }  // namespace
@@ -63,13 +70,17 @@ bool IsWithin(const BraggAngle& angle, const ReflectionLimits& limits) {
 std::int32_t CountLineTokens(std::string_view line) {
   const std::string_view seen = line.substr(0, 80);
   std::int32_t count = 0;
-  for (std::size_t i = 1; i < seen.size(); ++i)
-    if (seen[i - 1] == ' ' && static_cast<unsigned char>(seen[i]) > ',') ++count;
+  for (std::size_t i = 1; i < seen.size(); ++i) {
+    const bool is_blank = seen[i - 1] == ' ';
+    const bool begins_text = static_cast<unsigned char>(seen[i]) > ',';
+    count += is_blank & begins_text;
+  }
   return count;
 }
 
 void ReadReflectionSource(Ui& ui, InputFile& source, bool is_fcf, const UnitCell& cell, const ReflectionLimits& limits,
                           ReflectionList& list, IndexRange& range) {
+  const double far = FarSinTheta(limits);
   std::int32_t count = 0;
   List4Reader fcf_rows;
   std::string_view line;
@@ -81,9 +92,11 @@ void ReadReflectionSource(Ui& ui, InputFile& source, bool is_fcf, const UnitCell
     Widen(range, 1, row->H);
     Widen(range, 2, row->K);
     Widen(range, 3, row->L);
-    const BraggAngle angle = ComputeTwoTheta(cell, limits.Wavelength, row->H, row->K, row->L);
-    if (!IsWithin(angle, limits)) continue;
-    StoreRow(list, ++count, *row, angle.TwoTheta);
+    const float sin_theta = ComputeSinTheta(cell, limits.Wavelength, row->H, row->K, row->L);
+    if (sin_theta >= kLargestSinTheta || sin_theta > far) continue;
+    const float two_theta = TwoThetaOf(sin_theta);
+    if (HasAngleLimit(limits) && two_theta > limits.TwoThetaMax) continue;
+    StoreRow(list, ++count, *row, two_theta);
   }
   if (count == kReflectionLimit) ui.ShowMessage(kReflectionLimitMessage);
   list.ReflectionCount = count;

@@ -21,6 +21,9 @@ class Array1 {
     if (last < first) return {};
     return std::span<T>(elements_).subspan(Offset(first), Offset(last) - Offset(first) + 1);
   }
+  std::span<const T> Range(std::int32_t first, std::int32_t last) const {
+    return const_cast<Array1&>(*this).Range(first, last);
+  }
 
  private:
   static constexpr std::size_t Offset(std::int32_t index) {

@@ -164,7 +164,10 @@ std::optional<std::int32_t> ReadI(std::string_view field) {
 std::optional<float> ReadF(std::string_view field, int decimals) {
   const std::string_view text = Trim(field);
   if (text.empty()) return 0.0F;
-  if (IsPlain(text) && (decimals == 0 || text.find('.') != std::string_view::npos)) return Convert<float>(text);
+  if (decimals == 0 || text.find('.') != std::string_view::npos) {
+    if (const auto value = ReadShort(text)) return value;
+    if (IsPlain(text)) return Convert<float>(text);
+  }
   return ReadScaled<float>(WithoutBlanks(text), decimals);
 }
 

@@ -1,7 +1,7 @@
 #include "textio/InputFile.h"
 
+#include <array>
 #include <fstream>
-#include <iterator>
 #include <new>
 #include <system_error>
 
@@ -18,7 +18,10 @@ bool ReadWhole(std::ifstream& stream, std::uintmax_t expected_size, std::string&
   stream.read(content.data(), static_cast<std::streamsize>(content.size()));
   content.resize(static_cast<std::size_t>(stream.gcount()));
   // A file that tells no size, or has grown since, goes on behind it.
-  if (stream) content.append(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+  for (std::array<char, 4096> more; stream;) {
+    stream.read(more.data(), more.size());
+    content.append(more.data(), static_cast<std::size_t>(stream.gcount()));
+  }
   return !stream.bad();
 }
 
@@ -27,10 +30,15 @@ bool ReadWhole(std::ifstream& stream, std::uintmax_t expected_size, std::string&
 bool InputFile::Open(std::string_view name) {
   Close();
   name_ = TrimRight(name);
-  const auto path = FindExisting(name_);
+  auto path = NativePath(name_);
   if (!path) return false;
   std::error_code error;
   std::uintmax_t size = std::filesystem::file_size(*path, error);
+  if (error) {
+    path = FindExisting(name_);
+    if (!path) return false;
+    size = std::filesystem::file_size(*path, error);
+  }
   if (error) {
     // Only a file tells its size: a folder can't be read, and a device might have no end.
     if (!std::filesystem::is_fifo(*path, error)) return false;

@@ -1,5 +1,5 @@
-// Starting other programs. A command is composed as `C:\exe\kestra.exe ABC C:`: a program's name without blanks, then
-// its arguments.
+// The streams of this process, and starting other programs. A command is composed as `C:\exe\kestra.exe ABC C:`: a
+// program's name without blanks, then its arguments.
 #pragma once
 
 #include <optional>
@@ -7,6 +7,11 @@
 #include <string_view>
 
 namespace talven {
+
+/// Opens what is closed of standard input, output and error onto nothing, so that no file of the job takes its place.
+/// From here on a write to a pipe that nobody reads, or beyond the largest size of a file, fails; by itself it would
+/// end the process without a word.
+void EnsureStandardStreams();
 
 struct Command {
   /// Path of the program that exists.

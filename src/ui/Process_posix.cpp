@@ -55,6 +55,15 @@ std::optional<pid_t> Spawn(const Command& command, bool detached) {
 
 }  // namespace
 
+void EnsureStandardStreams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    // The lowest descriptor that is free is this one, since those below it are open by now.
+    if (fcntl(stream, F_GETFD) == -1) open("/dev/null", stream == STDIN_FILENO ? O_RDONLY : O_WRONLY);
+  }
+  // Not ignored: they would stay so in the programs that are started.
+  for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, [](int) {});
+}
+
 bool StartDetached(std::string_view command) {
   const auto found = FindCommand(command);
   return found && Spawn(*found, true).has_value();

@@ -62,6 +62,8 @@ void CloseHandles(const PROCESS_INFORMATION& process) {
 
 }  // namespace
 
+void EnsureStandardStreams() {}  // Files take no descriptors of the streams here.
+
 bool StartDetached(std::string_view command) {
   const auto process = Start(command, nullptr);
   if (process) CloseHandles(*process);

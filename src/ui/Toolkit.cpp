@@ -128,13 +128,14 @@ void Toolkit::WMessageBox(const Message& message) {
 }
 
 void Toolkit::WSelectFile(std::string_view filter, int flags, std::string& name, std::string_view title) {
-  std::error_code error;
-  const std::filesystem::path directory = std::filesystem::current_path(error);
   const auto chosen = AskFile({filter, name, std::string(title)});
   outcome_ = chosen ? 1 : 0;
-  if (chosen) name = *chosen;
-  const bool moves = chosen && (flags & kKeepDirectory) != 0;
-  std::filesystem::current_path(moves ? ToPath(name).parent_path() : directory, error);
+  if (!chosen) return;
+  name = *chosen;
+  if ((flags & kKeepDirectory) == 0) return;
+  std::error_code error;
+  const std::filesystem::path directory = ToPath(name).parent_path();
+  if (directory != std::filesystem::current_path(error)) std::filesystem::current_path(directory, error);
 }
 
 int Toolkit::WDialogQuery(int what) const {

@@ -68,13 +68,16 @@ TEST_F(Driver, FaultsAndTheirExitCodes) {
         Fault{"none", "abc", "d:", 1, "fatal I/O error: d" + none},
         Fault{"", "abc", "C:", 1, "fatal I/O error: C" + empty}, Fault{"", "", "", 1, own_drive + empty},
         Fault{"folder", "", "", 1, own_drive + ":\\exe\\VELDOR\\DIR.DEF: cannot be opened for writing: "},
+        Fault{"full", "", "", 1, own_drive + ":\\exe\\VELDOR\\DIR.DEF: cannot be written: No space left on device\n"},
         Fault{"here", "abc", "C:", 2, "[message] Failed to execute program\n"},
         Fault{"here", "--version", "", 0, "console "},
         Fault{"here", "--help", "", 0, "usage: talven-console [JOB DRIVE [MOLPAK]]\n"},
         Fault{"here", "", "", 2, "refused: 1006=10: expected the number of a button, 1 to 9\n"},
         Fault{"here", twenty_one, "", 2, "job name longer than 20 characters: " + twenty_one + "\nusage: "}}) {
+    if (kOnWindows && content == "full") continue;
     fs::remove(file);
     if (content == "folder") fs::create_directory(file);
+    if (content == "full") fs::create_symlink("/dev/full", file);
     if (content.empty() || content == "here") WriteFile(file, content.empty() ? "" : ".");
     const SessionResult result = RunSession({job, drive}, job == "abc" ? "exit\n" : "ok\n\n1006=10\n");
     EXPECT_EQ(result.exit_code, exit_code) << told;
@@ -82,14 +85,11 @@ TEST_F(Driver, FaultsAndTheirExitCodes) {
   }
 }
 
-TEST_F(Driver, TheRealProgramRunsAndTellsABrokenOutput) {
+TEST_F(Driver, TheRealProgramRunsHoweverItIsCalled) {
   WriteFile("a b.fcf", kFcf);
   RunProcess("\"a b\" \"\" C:", "1006=6\nok\nexit\n");
   EXPECT_EQ(ReadFile("DUMMY.HKL"), "   1   2   3    400.     20.\n");
   if (kOnWindows) return;
-  const SessionResult full = RunProcess("abc C:", "exit\n", ">/dev/full");
-  EXPECT_EQ(full.exit_code, 1);
-  EXPECT_EQ(full.messages, "fatal I/O error: standard output: cannot be written\n");
   // The drive comes from the full path of the program, however it was called.
   fs::create_symlink(fs::path(kTalvenConsole).parent_path(), "bin");
   WriteFile("answers", "1005=x\nok\n\nexit\n");

@@ -1,7 +1,9 @@
 // From a peak list file to the scores, with lists that can be followed by hand. Each case shows one rule.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <random>
 #include <sstream>
 
 #include "comparison/BuildBands.h"
@@ -101,6 +103,55 @@ TEST(SortPeaksByIntensity, KeepsTheTieOrderOfItsExchanges) {
     Fill(list, c.peaks);
     SortPeaksByIntensity(list);
     EXPECT_EQ(Describe(list), c.result) << c.about;
+  }
+}
+
+/// Peaks on a grid of tenths of a degree, of whole intensities below `top`.
+PeakList RandomPeaks(std::mt19937& random, int top) {
+  PeakList list;
+  list.count = std::uniform_int_distribution(1, 100)(random);
+  for (float& position : list.TwoTheta.Range(1, list.count)) position = static_cast<float>(random() % 300) * 0.1F;
+  for (float& peak : list.Intensity.Range(1, list.count)) peak = static_cast<float>(static_cast<int>(random()) % top);
+  return list;
+}
+
+TEST(SortPeaksByIntensity, SortsAsPlainExchangesDo) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 300; ++round) {
+    PeakList list = RandomPeaks(random, round % 2 == 0 ? 50 : 1'000'000);
+    const auto n = list.count;
+    Array1<std::pair<float, float>, 100> plain;
+    for (int i = 1; i <= n; ++i) plain[i] = {list.Intensity[i], list.TwoTheta[i]};
+    for (int gap = n / 2; gap > 0; gap /= 2)
+      for (int i = gap + 1; i <= n; ++i)
+        for (int j = i; j > gap && plain[j - gap].first > plain[j].first; j -= gap) std::swap(plain[j], plain[j - gap]);
+    SortPeaksByIntensity(list);
+    for (int i = 1; i <= n; ++i) ASSERT_EQ(std::pair(list.Intensity[i], list.TwoTheta[i]), plain[n + 1 - i]) << n;
+  }
+}
+
+TEST(ScorePair, CountsPairsAsAPlainLoopDoes) {
+  std::mt19937 random(2);
+  for (int round = 0; round < 300; ++round) {
+    ComparedPair pair{RandomPeaks(random, 50), RandomPeaks(random, 50), {}, {}, 1.0F, 20.0F};
+    for (PeakList* list : {&pair.Reference, &pair.Sample}) SortPeaksByIntensity(*list);
+    PairScore plain;
+    Array1<bool, 100> matched;
+    for (int i = 1; i <= pair.Reference.count; ++i) {
+      int partners = 0;
+      for (int j = 1; j <= pair.Sample.count; ++j) {
+        if (!(std::abs(double{pair.Reference.TwoTheta[i]} - pair.Sample.TwoTheta[j]) < 0.3F)) continue;
+        matched[j] = ++partners > 0;
+        if (pair.Sample.TwoTheta[j] < 20.0F) ++plain.LowMatchCount;
+        if (i <= 4 && j <= 4) ++plain.T4RS;
+      }
+      if (partners == 0) ++plain.RNM;
+      if (partners == 0 && i <= 4) ++plain.RNM4;
+    }
+    const auto score = ScorePair(pair, {});
+    EXPECT_EQ(std::tie(score.LowMatchCount, score.T4RS, score.RNM, score.RNM4),
+              std::tie(plain.LowMatchCount, plain.T4RS, plain.RNM, plain.RNM4));
+    EXPECT_EQ(score.NotMatchedS, std::ranges::count(matched.Range(1, pair.Sample.count), false));
   }
 }
 

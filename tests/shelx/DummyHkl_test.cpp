@@ -1,4 +1,4 @@
-// Options 5 and 6 by themselves: DUMMY.HKL made of a cell, and of an FCF file.
+// Option 5 by itself: DUMMY.HKL made of a cell.
 #include <gtest/gtest.h>
 
 #include "support/Session.h"
@@ -32,14 +32,6 @@ TEST_F(DummyHkl, InsWritesTheHalfBox) {
 
 TEST_F(DummyHkl, InsTakesTheLimitsAsTheyCome) {
   EXPECT_EQ(LineOf(RunCell("\t1,9.0/8.9 3.0 90 90 90 of all axes").pane, 5), " Hmax Kmax and Lmax are    6   5   3");
-  EXPECT_EQ(LineOf(RunCell(" 1 1E12 -1E12 -5 90 90 90", "1019=-1\nok\n").pane, 5),
-            " Hmax Kmax and Lmax are   -1****  -2");
-  EXPECT_EQ(ReadFile("DUMMY.HKL"), "") << "no rows with a limit below 0";
-  RunCell(" 2.4 1 1 1 90 90 120", "1019=1\n1020=0\n1021=1\nok\n");
-  // With gamma 120 degrees a* is 1.1547: sin theta is 1.2 * 1.1547, and 1.2 * sqrt(1.3333 + 1).
-  EXPECT_EQ(ReadFile("DUMMY.HKL"),
-            "   0   0   1  100.00    1.00    1.20    0.90\n   1   0  -1  100.00    1.00    1.83    0.90\n"
-            "   1   0   0  100.00    1.00    1.39    0.90\n   1   0   1  100.00    1.00    1.83    0.90\n");
 }
 
 TEST_F(DummyHkl, InsRoundsWhereTheLastDigitShows) {
@@ -68,18 +60,6 @@ TEST_F(DummyHkl, InsRemovesAGeneralAbsence) {
   }
 }
 
-TEST_F(DummyHkl, InsTellsWhatIsWrong) {
-  EXPECT_EQ(RunSession({"abc", "C:"}, "1006=5\nok\n").Boxes(), "INS File (d1) NOT Found\n");
-  EXPECT_EQ(Started(), "mirade.exe abc\n") << "the job name was not folded";
-  EXPECT_EQ(RunSession({"abc", "C:"}, "1006=6\nok\nexit\n").Boxes(), "FCF File NOT Found\n");
-  EXPECT_FALSE(Exists("DUMMY.HKL"));
-  for (const auto& [cell, found] : {std::pair(" 1 2 3 4 90 90", "6"), {" 1 2 3 4 90 9o 90", "\"9o\""}}) {
-    const std::string error = std::string("ABC.INS, line 3: expected 7 numbers after CELL, found ") + found + "\n";
-    EXPECT_TRUE(RunCell(cell).messages.ends_with("fatal I/O error: " + error)) << error;
-    EXPECT_EQ(ReadFile("DUMMY.HKL"), "");
-  }
-}
-
 TEST_F(DummyHkl, InsKeepsCellAndFoldedNameForTheNextRun) {
   WriteFile("ABC.INS", "TITL no cell\n");
   const std::string option = "1006=5\nok\nok\n";
@@ -91,64 +71,6 @@ TEST_F(DummyHkl, InsKeepsCellAndFoldedNameForTheNextRun) {
   const SessionResult result = RunSession({"abc", "C:"}, option + option);
   EXPECT_LT(result.pane.find("abc.INS\n"), result.pane.find("ABC.INS\n"));
   EXPECT_EQ(Count(result.pane, " are    2   2   2\n"), 2);
-}
-
-constexpr const char* kOption6 = "1006=6\nok\nexit\n";
-
-/// A LIST 4 row in the narrow layout.
-std::string Row(const std::string& value, const std::string& indices = "   1   2   3", char status = 'o') {
-  return indices + std::string(12 - value.size(), ' ') + value + "        1.00      1.00 " + status + "\n";
-}
-
-std::string Dummy(const std::string& fcf) {
-  WriteFile("abc.fcf", fcf);
-  const SessionResult result = RunSession({"abc", "C:"}, kOption6);
-  EXPECT_EQ(result.pane, "   The file DUMMY.HKL has been written\n") << result.messages;
-  return ReadFile("DUMMY.HKL");
-}
-
-TEST_F(DummyHkl, FcfWritesValueAndSigmaAndRescalesOnceAValuePassesTheThreshold) {
-  for (const auto& [values, list] :
-       {std::pair(std::vector{"-3.00", "0.00", "1.00", "1.01", "400.00", "40000", "123.40"},
-                  "      1.      3.|      1.      3.|      1.      3.|      1.      1.|    400.     20.|    400.     "
-                  "20.|    123.     11.|"),
-        {{"200000.00", "400.00", "30.00", "0.00"},
-         "   2000.     45.|      4.      2.|      0.      2.|      0.      3.|"},
-        {{"100000.00"}, " 100000.    316.|"}}) {
-    std::string rows;
-    for (const char* value : values) rows += Row(value);
-    EXPECT_EQ(Replaced(Replaced(Dummy(rows), "   1   2   3", ""), "\n", "|"), list);
-  }
-}
-
-TEST_F(DummyHkl, FcfEndsAtZeroIndicesOrAtTheEndOfTheFile) {
-  const std::string head = std::string(47, 'x') + "O\n_list_code 4\n" + Row("9.00", "   8   8   8", '<');
-  const std::string list = "   1   2   3      4.      2.\n";
-  EXPECT_EQ(Dummy(head + Row("4.00") + Row("1.00", "   0   0   0") + "not a row\n"), list);
-  EXPECT_EQ(Dummy(head + Row("4.00", "   1   2   3") + Row("4.00", "   1   2   3", '<')), list + list);
-  EXPECT_EQ(Dummy("\xEF\xBB\xBF" + head + "   1   2   3        4.00        1.00      1.00 o\r\n"), list);
-}
-
-TEST_F(DummyHkl, FcfReadsTheWideLayout) {
-  EXPECT_EQ(Dummy("   1   2   3        400.00        390.11         3.02 o\n"
-                  "  -1 -12   3       1234.56        390.11         3.02 <\n"),
-            "   1   2   3    400.     20.\n  -1 -12   3   1235.     35.\n");
-  // A line with blank fields is no row.
-  EXPECT_EQ(Dummy(std::string(54, ' ') + "'x, y, z'\n" + Row("400.00")), "   1   2   3    400.     20.\n");
-  WriteFile("abc.fcf",
-            "   1   2   3        400.00        390.11         3.02 o\n"
-            "   1   2   4          2.75        390.11 ************ o\n");
-  EXPECT_EQ(RunSession({"abc", "C:"}, kOption6).exit_code, 1) << "by the narrow columns it would be 2";
-}
-
-TEST_F(DummyHkl, FcfTellsWhatIsWrong) {
-  for (const auto& [fcf, error] :
-       {std::pair(std::string("_list_code 6\n"), "a LIST 4 row, found end of file\n"),
-        {Row("4.00") + "\x01 row of letters\n", "h, k, l and a calculated F squared, found \"? row of letters\"\n"}}) {
-    WriteFile("abc.fcf", fcf);
-    const std::string messages = RunSession({"abc", "C:"}, kOption6).messages;
-    EXPECT_TRUE(messages.ends_with(std::string("fatal I/O error: abc.fcf, line 2: expected ") + error)) << messages;
-  }
 }
 
 }  // namespace

@@ -19,6 +19,21 @@ bool EqualsIgnoringCase(std::string_view answer, std::string_view button) {
                                                       [](char a, char b) { return (a | 0x20) == (b | 0x20); });
 }
 
+/// The file that an answer chooses: in a folder it is the proposed one. A file is called as the answer calls it,
+/// whatever its case on disk, and below the folders that exist under any spelling.
+std::filesystem::path ChosenPath(std::string_view answer, std::string_view proposed_name) {
+  std::error_code error;
+  const auto written = NativePath(answer).value_or(ToPath(answer));
+  auto path = written;
+  auto type = std::filesystem::status(path, error).type();
+  if (type == std::filesystem::file_type::not_found) {
+    path = FindForWriting(answer).value_or(path);
+    type = std::filesystem::status(path, error).type();
+  }
+  if (type == std::filesystem::file_type::directory) return path / ToPath(proposed_name).filename();
+  return path.replace_filename(written.filename());
+}
+
 }  // namespace
 
 ConsoleToolkit::ConsoleToolkit(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
@@ -83,8 +98,7 @@ std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
     if (answer->empty() || EqualsIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
     std::error_code error;
-    auto path = FindForWriting(*answer).value_or(ToPath(*answer));
-    if (std::filesystem::is_directory(path, error)) path /= ToPath(request.proposed_name).filename();
+    const auto path = ChosenPath(*answer, request.proposed_name);
     if (!path.has_parent_path()) return FromPath(std::filesystem::current_path(error) / path);
     const auto folder = std::filesystem::canonical(path.parent_path(), error);
     if (!error && std::filesystem::is_directory(folder, error)) return FromPath(folder / path.filename());

@@ -85,16 +85,17 @@ FormAnswer PressButton(const FormState& form, int id) {
 }  // namespace
 
 void PrintForm(const FormState& form, std::ostream& messages) {
-  messages << "[form " << form.Spec().id << "]\n";
+  // The messages of the process go out write by write, so the form is put together first.
+  std::string lines = "[form " + std::to_string(form.Spec().id) + "]\n";
   for (const FormState::Field& field : form.Fields()) {
     const FieldSpec& spec = *field.spec;
-    messages << "  " << spec.id << ' ' << (spec.label.empty() ? spec.text : spec.label);
+    lines.append("  ").append(std::to_string(spec.id)).append(" ").append(spec.label.empty() ? spec.text : spec.label);
     const std::string value = PresentValue(form, field);
-    if (!value.empty()) messages << ": " << value;
-    if (!field.is_enabled) messages << " (disabled)";
-    messages << '\n';
+    if (!value.empty()) lines.append(": ").append(value);
+    if (!field.is_enabled) lines.append(" (disabled)");
+    lines.append("\n");
   }
-  messages.flush();
+  messages << lines << std::flush;
 }
 
 FormAnswer AnswerForm(FormState& form, std::string_view answer) {

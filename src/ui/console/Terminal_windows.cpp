@@ -44,7 +44,7 @@ bool IsTerminalInput() {
   return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != FALSE;
 }
 
-void PrepareStandardStreams() {
+void PrepareTerminal() {
   for (std::FILE* const stream : {stdout, stderr}) {
     // The same bytes as on other systems; a console takes a lone LF for the end of a line too.
     _setmode(_fileno(stream), _O_BINARY);

@@ -1,4 +1,4 @@
-// The steps from a list of reflections to a profile, each by itself.
+#include "simulation/ProfileSynthesis.h"
 
 #include <gtest/gtest.h>
 
@@ -7,62 +7,10 @@
 #include <memory>
 #include <random>
 
-#include "simulation/CellGeometry.h"
-#include "simulation/DuplicateRemoval.h"
-#include "simulation/ProfileSynthesis.h"
 #include "support/TestFiles.h"
 
 namespace talven {
 namespace {
-
-TEST(ClassifyCell, ByLengthsAndAngles) {
-  using Row = std::tuple<float, float, float, float, float, float, std::int32_t>;
-  for (const auto& [a, b, c, alpha, beta, gamma, expected] :
-       {Row{7, 8, 9, 80, 85, 95, 1}, Row{7, 8, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 120, 90, 3},
-        Row{7, 7, 7, 60, 60, 60, 6}, Row{7, 7, 9, 90, 120, 90, 7}, Row{7, 7.3F, 9, 90, 100, 90, 11},
-        Row{7, 7.1F, 7.2F, 90, 95, 90, 21}, Row{7, 7, 7, 90, 120, 90, 23}, Row{4.9F, 4.9F, 5.4F, 90, 90, 120, 1},
-        Row{7, 7.36F, 9, 90, 90, 90, 3}, Row{7, 8, 9, 90, 90.02F, 90, 2}, Row{7, 7.3F, 7.36F, 90, 90, 90, 5},
-        Row{7, 7, 9, 90, 90, 90, 4}, Row{7, 7.1F, 9, 80, 85, 95, 1}})
-    EXPECT_EQ(ClassifyCell({.a = a, .b = b, .c = c, .alpha = alpha, .beta = beta, .gamma = gamma}, 0.01), expected);
-}
-
-using Reflections = std::vector<std::array<float, 5>>;
-
-/// The merge as a plain loop over h, k, l, F squared and angle, entry after entry.
-void RemoveDuplicatesPlainly(Reflections& rows) {
-  for (bool merged = true; std::exchange(merged, false);) {
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-      if (!std::equal(rows[i].begin(), rows[i].begin() + 3, rows[i - 1].begin())) continue;
-      merged = true;
-      rows[i - 1][3] = (rows[i - 1][3] + rows[i][3]) * 0.5F;
-      rows.erase(rows.begin() + static_cast<std::ptrdiff_t>(i));
-    }
-  }
-}
-
-Reflections RowsOf(const ReflectionList& list) {
-  Reflections rows;
-  for (std::int32_t i = 1; i <= list.ReflectionCount; ++i)
-    rows.push_back({float(list.H[i]), float(list.K[i]), float(list.L[i]), list.F2[i], list.TwoTheta[i]});
-  return rows;
-}
-
-TEST(RemoveDuplicates, AgreesWithThePlainLoop) {
-  std::mt19937 random(7);
-  auto list = std::make_unique<ReflectionList>();
-  for (int round = 0; round < 300; ++round) {
-    list->ReflectionCount = static_cast<std::int32_t>(random() % 40);
-    for (std::int32_t i = 1; i <= list->ReflectionCount; ++i) {
-      for (auto* row : {&list->H, &list->K, &list->L}) (*row)[i] = random() % 4 == 0 ? 1 : 0;
-      list->F2[i] = static_cast<float>(random() % 100'000) / 7.0F;
-      list->TwoTheta[i] = static_cast<float>(i);
-    }
-    Reflections plain = RowsOf(*list);
-    RemoveDuplicatesPlainly(plain);
-    RemoveDuplicates(*list);
-    ASSERT_EQ(RowsOf(*list), plain);
-  }
-}
 
 TEST(SizeGrid, CutsWhatTheStoredStepGives) {
   auto grid = std::make_unique<PatternGrid>();
