@@ -2,7 +2,6 @@
 // programs write them.
 #include <gtest/gtest.h>
 #include <regex.h>
-#include <sys/resource.h>
 
 #include <clocale>
 #include <csignal>
@@ -195,31 +194,24 @@ TEST_P(EveryOption, NamesAFileThatCannotBeWritten) {
   }
 }
 
-/// Lets no file grow beyond so many bytes.
-void LimitFiles(rlim_t bytes) {
-  const rlimit limit{bytes, RLIM_INFINITY};
-  setrlimit(RLIMIT_FSIZE, &limit);
-}
-
 TEST_P(EveryOption, FailsWithAnyLessSpaceThanItNeeds) {
-  std::signal(SIGXFSZ, [](int) {});
   const Contents sound = SoundOutputs(), before = Files(false);
   const std::string fatal = "fatal I/O error: (" + option.outputs + "|" + option.others +
                             "): cannot be (written|made a copy of ABC.INS): File too large\n$";
   int exit_code = 1;
-  for (rlim_t space = 0; exit_code != 0; space += 1 + space / 10) {
+  for (std::size_t space = 0; exit_code != 0; space += 1 + space / 10) {
     WriteInputs();
-    LimitFiles(space);
+    LimitFileSize(space);
     const SessionResult result = RunHere();
-    LimitFiles(RLIM_INFINITY);
+    LimitFileSize({});
     exit_code = result.exit_code;
     ASSERT_EQ(exit_code, Matches(result.messages, fatal) ? 1 : 0) << result.messages;
     ASSERT_EQ(Files(false), before);
   }
   EXPECT_EQ(Files(true), sound);
-  LimitFiles(0);
+  LimitFileSize(0);
   exit_code = Run().exit_code;
-  LimitFiles(RLIM_INFINITY);
+  LimitFileSize({});
   EXPECT_EQ(exit_code, 1) << "not ended by a signal";
 }
 

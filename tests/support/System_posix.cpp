@@ -20,12 +20,12 @@ void TestDirectory::SetDrive() const { setenv("XDG_DATA_HOME", (root_ / "home").
 
 void TestDirectory::WriteProgram(const std::string& name, const std::string& commands) const {
   const fs::path path = Drive() / "exe" / name;
-  WriteFile(path, "#!/bin/sh\ncd '" + work_.string() + "'\n" + commands + "\n");
+  WriteFile(path, "#!/bin/sh\ncd '" + work_.string() + "' || exit\n" + commands + "\n");
   fs::permissions(path, fs::perms::owner_all);
 }
 
 bool LimitFileSize(std::optional<std::size_t> size) {
-  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGXFSZ, [](int) {});  // not ignored, which the processes of a test would inherit
   const rlimit limit{size.value_or(RLIM_INFINITY), RLIM_INFINITY};
   return setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }

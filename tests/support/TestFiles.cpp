@@ -35,7 +35,9 @@ std::string TestDirectory::Started() const {
 TestDirectory::~TestDirectory() {
   std::error_code error;
   fs::current_path(before_, error);
-  fs::remove_all(root_, error);
+  // A program that was started on leaving may be about to write.
+  do fs::remove_all(root_, error);
+  while (error == std::errc::directory_not_empty);
 }
 
 void WriteFile(const fs::path& name, std::string_view content) {
