@@ -90,10 +90,19 @@ TEST_F(Conversions, EndTheRowsOfAnIngFileInTheirOwnWay) {
 }
 
 TEST_F(Conversions, IngToAscScalesTheStrongestPointToTwo) {
+  const std::string head =
+      "PE IR                   SPECTRUM    ASCII\n  -1\n10746P~1.ASC\ntalven\n4.0\n30\n"
+      "SPECTRUM ONE,CPU32 MAIN 00.02.3000\nINGAAS\nNIR\nCAF2\n55562\n1.000000\n8.000000\nSTRONG\nRATIO\nSPECTRUM\n"
+      "MAGNITUDE\nREFLECTANCE\nDOUBLE\nCOMBINED\n0\n#HDR\n 1\n 1\n#GR\nnm\nA\n0.00000011920928955078\n0.0\n";
   for (const Case& c :
        {Case{Ing("4\n40\n.05", 3, "4 50\n4.05 81\n4.1 -1\n"),
              "4000\n50\n719\n8\n10000\n50\n#DATA\n4000 1.234568\n4050 2.000000\n4100 -.024691\n"},
         Case{Ing(".05\n9.5\n.005", 3, ".05 4\n1000 4"), " 50\n10\n945\n8\n10000\n50\n#DATA\n 50 2.000000\n"},
+        // a step of four digits at most; signs have no column of their own; the scale is not stored
+        Case{Ing("-5\n15\n10", 2, "-5 19\n5 26\n"), "***\n 2\n8\n10000\n50\n#DATA\n*** 1.461538\n5000 2.000000\n"},
+        // a blank line in the head: the second pass begins a line too early
+        Case{Ing("\n4\n5\n.5", 3, "4 10\n4.5 20\n"),
+             "4000\n500\n 2\n8\n10000\n50\n#DATA\n3000 0.400000\n4500 2.000000\n"},
         Case{Ing("1000\n1001\n.5", 3, "4 0\n4.5 -3\n"),
              "500\n 2\n8\n10000\n50\n#DATA\n4000 0.000000\n4500 0.000000\n"}}) {
     WriteFile("ABC.ING", c.first);
@@ -106,8 +115,7 @@ TEST_F(Conversions, IngToAscScalesTheStrongestPointToTwo) {
     run.JobNameLength = 3;
     IngToAsc(ui, run);
     EXPECT_EQ(pane.str(), "\nABC.ASC written\n");
-    const std::string file = ReadFile("ABC.ASC");
-    EXPECT_EQ(LineOf(file, 28) + file.substr(file.find("\n0.0\n") + 4), "0.00000011920928955078\n" + c.second);
+    EXPECT_EQ(ReadFile("ABC.ASC"), head + c.second);
   }
 }
 
@@ -165,6 +173,13 @@ TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
     EXPECT_EQ(ReadFile(option == "8" ? "ABC.TXT" : "NEW.ING"), "");
     EXPECT_TRUE(std::filesystem::remove("NEW.CIF"));
   }
+  // At the limit; of a text what lies beyond is not read.
+  WriteFile("ABC.ING", Ing("0\n30000\n1", 1, many));
+  EXPECT_EQ(RunOptions({"8"}).Boxes(), "");
+  EXPECT_EQ(CountLines(ReadFile("ABC.TXT")), 3'750 + 3'000);
+  WriteFile("ABC.TXT", many);
+  RunOptions({"9"});
+  EXPECT_EQ(CountLines(ReadFile("ABC.ING")), 7 + 100'000);
 }
 
 }  // namespace
