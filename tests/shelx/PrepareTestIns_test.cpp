@@ -80,16 +80,19 @@ TEST(PrepareTestIns, KeepsTheIncomingTextOfWhatCannotBeRewritten) {
 TEST(PrepareTestIns, KeepsTheIncomingTextOnAFullDiskAndOfAJobNamedTest) {
   std::signal(SIGXFSZ, SIG_IGN);
   const std::string model = Model(12);
-  const auto expect_full = [&model](std::size_t room, const char* error, const char* kept) {
+  const auto expect_full = [](const std::string& ins, int room, const char* error, const char* kept) {
     const TestDirectory directory;
-    WriteFile("abc.ins", model);
-    const rlimit limit{room, RLIM_INFINITY}, unlimited{RLIM_INFINITY, RLIM_INFINITY};
+    WriteFile("vrail.ins", ins);
+    const rlimit limit{ins.size() + static_cast<std::size_t>(room), RLIM_INFINITY},
+        unlimited{RLIM_INFINITY, RLIM_INFINITY};
     setrlimit(RLIMIT_FSIZE, &limit);
-    ExpectFatal("abc", model, error, kept);
+    ExpectFatal("vrail", ins, error, kept);
     setrlimit(RLIMIT_FSIZE, &unlimited);
   };
-  expect_full(model.size() + 9, "ABC.INS: cannot be written: File too large", "TEST.INS");
-  expect_full(model.size() - 9, "TEST.INS: cannot be made a copy of ABC.INS: File too large", "abc.ins");
+  const char* const full = "VRAIL.INS: cannot be written: File too large";
+  expect_full(model, 9, full, "TEST.INS");
+  expect_full(Replaced(model, "REM WMIN\n", ""), 9, full, "TEST.INS");
+  expect_full(model, -9, "TEST.INS: cannot be made a copy of VRAIL.INS: File too large", "vrail.ins");
 
   const TestDirectory directory;
   WriteFile("test.ins", model);
