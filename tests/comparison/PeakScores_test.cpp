@@ -186,7 +186,7 @@ TEST(ScorePair, PeakScore) {
   const std::string low = "5 1 20 1 30 1 40 1";
   for (const Case& c : {
            Case{"identical", Comb(6), "1 1 4 0 0", Comb(6)},
-           Case{"AngTol apart", "10 1 20 1", "0.5 0.5 1 1 1", "10.5 1 20.25 1", wide},
+           Case{"AngTol apart", "10 1 20 1 30.5 1", "0.333333 0.333333 1 2 2", "10.5 1 20.25 1 30 1", wide},
            Case{"crowded peaks pass 1 and are capped", "10 1 10.1 1", "2 1 4 0 0", "10 1 10.1 1"},
            Case{"twice the peaks in the sample", Comb(10), "0.5 0.5 3 0 0", Comb(20, 1), wide},
            Case{"twice the peaks in the reference", Comb(20), "0.25 0.25 4 10 0", Comb(10, 20), wide},
@@ -198,7 +198,7 @@ TEST(ScorePair, PeakScore) {
            Case{"a low peak is missing", "4 1 " + low, "0.16 0.16 1 4 3", "5 1 25 1 35 1 45 1", large_d},
            Case{"a low peak too many", low, "0.25 0.0025 1 3 3", "4 1 5 1 35 1 45 1", large_d},
            Case{"no low peak", low, "0.25 0.0025 1 3 3", "20 1 25 1 35 1 45 1", large_d},
-           Case{"strongest at the limit and above", "6 1", "1 0.01 2 0 0", "6 1 6.1 2", {.MostInt = true}},
+           Case{"strongest at the limit and above", "6 2 5.9 1", "2 0.01 4 0 0", "6 1 6.1 2", {.MostInt = true}},
        }) {
     const PairScore score = Score(c);
     std::ostringstream text;
@@ -219,6 +219,8 @@ TEST(ScorePair, AreaAndBandScore) {
            Case{"bands near enough", "10 1 30 1 50 1", "0 0.666667 1", "11.4375 1 30 1 50 1", {.NMF = 0.4F}},
            Case{"bands too far", "10 1 30 1 50 1", "0 0.666667 0", "11.5 1 30 1 50 1", {.NMF = 0.4F}},
            Case{"a band takes two", one_band, "0.666667 8.08081e-08 2", two_bands, narrow},
+           Case{"a band is taken once", two_bands, "0.4 8.08081e-08 0.5", one_band, narrow},
+           Case{"a tenth is a stored one", "10 2 30 7", "7.67221e-08 1 1", "10 2 30 7"},
            Case{"no band in the sample", one_band, "0.498333 4.47442e-07 0", no_band, narrow},
            Case{"none in the reference", no_band, "0 1 nan", no_band},
        }) {

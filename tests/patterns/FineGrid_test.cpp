@@ -22,13 +22,15 @@ TEST(FineGrid, ChoosesTheStepOfThePattern) {
 
 TEST(FineGrid, FillsGapsWithADoublingIncrement) {
   const auto counts = std::make_unique<CellCounts>();
-  for (const auto& [cell, count] : {std::pair(2, 8.0F), {7, 40.0F}, {12, -40.0F}, {14, 1.0F}, {216, 7.0F}})
+  for (const auto& [cell, count] : {std::pair(2, 8.0F), {7, 40.0F}, {12, -40.0F}, {14, 1.0F}, {215, 7.0F}, {417, 7.0F}})
     (*counts)[cell] = count;
   FillGaps(*counts, 300);
-  // Cell 9 first becomes 0 and is then a gap of its own; from cell 15 there are 201 cells to the next one set.
+  // Cell 9 first becomes 0 and is then a gap of its own.
   std::int32_t cell = 1;
-  for (const int count : {8, 8, 16, 24, 40, 72, 40, 20, -40, -40, -120, -40, 1, 1, 0})
+  for (const int count : {8, 8, 16, 24, 40, 72, 40, 20, -40, -40, -120, -40, 1, 1})
     EXPECT_EQ((*counts)[cell++], static_cast<float>(count));
+  EXPECT_EQ((*counts)[15], 1.03F) << "200 cells to the next one set";
+  EXPECT_EQ((*counts)[216], 0.0F) << "201 cells";
 }
 
 /// The filling as it is told, without a bound to the search.

@@ -55,7 +55,7 @@ TEST(AutomaticRun, IsMadeByJobAndMarkers) {
     const TestDirectory directory;
     directory.WriteProgram("kvrl97.exe", kRefine);
     WriteFile(c.job + ".ins", c.markers + kModel);
-    for (const char* old : {".Fcf", ".FCF", ".Hkl"}) WriteFile(c.job + old, "of an earlier run\n");
+    for (const char* old : {".Fcf", ".FCF", ".Hkl", ".hkl"}) WriteFile(c.job + old, "of an earlier run\n");
     WriteFile("TEST.INS", "of an earlier run\n");
     const SessionResult result =
         RunSession({c.job, "C:", c.unattended ? "MOLPAK" : ""}, c.unattended ? "" : "1006=5\nok\n");
@@ -70,6 +70,7 @@ TEST(AutomaticRun, IsMadeByJobAndMarkers) {
     const bool automatic = *c.refined != '\0';
     EXPECT_EQ(Count(ReadFile("DUMMY.HKL"), "  100.00    1.00 "), automatic ? 0 : 64);
     EXPECT_EQ(Count(result.pane, ".ING (+CPI, XY, PAT) written\n"), automatic ? 1 : 0);
+    EXPECT_EQ(Count(result.pane, "DUMMY.HKL has been written\n"), automatic ? 0 : 1);
   }
 }
 
@@ -91,7 +92,10 @@ TEST(AutomaticRun, GoesOnWhereTheRefinementGivesNothing) {
     EXPECT_EQ(result.Boxes(), boxes);
     EXPECT_EQ(Count(ReadFile("ABC.HKL"), "  100.00    1.00 "), boxes == no_fcf || exit_code == 1 ? 64 : 0);
     EXPECT_EQ(ReadFile("DUMMY.HKL") == ReadFile(std::string(job) + ".HKL"), exit_code == 0);
-    EXPECT_EQ(Exists("ABC.XY"), exit_code == 0 && Exists("DUMMY.HKL"));
+    // Of the dummy list four lie below 40 degrees; the one reflection of the FCF gets a copy at -h.
+    const bool is_simulated = exit_code == 0 && Exists("DUMMY.HKL");
+    EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), !is_simulated ? 0 : boxes == no_fcf ? 4 : 2);
+    EXPECT_EQ(LineOf(ReadFile("ABC.XY"), 3), is_simulated ? "     4.05000        3203.59    " : "(no line 3)");
   }
 }
 

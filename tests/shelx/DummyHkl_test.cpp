@@ -60,18 +60,5 @@ TEST_F(DummyHkl, InsRemovesAGeneralAbsence) {
   }
 }
 
-TEST_F(DummyHkl, InsKeepsCellAndFoldedNameForTheNextRun) {
-  WriteFile("ABC.INS", "TITL no cell\n");
-  const std::string option = "1006=5\nok\nok\n";
-  EXPECT_EQ(LineOf(RunSession({"ABC", "C:"}, option).pane, 5), " Hmax Kmax and Lmax are    1   1   1");
-  EXPECT_EQ(LineOf(ReadFile("DUMMY.HKL"), 1), "   0  -1   0  100.00    1.00     NaN     NaN");
-
-  // Once the name is folded the other spelling is found first.
-  WriteFile("abc.INS", "CELL 1 2.9 2.9 2.9 90 90 90\n");
-  const SessionResult result = RunSession({"abc", "C:"}, option + option);
-  EXPECT_LT(result.pane.find("abc.INS\n"), result.pane.find("ABC.INS\n"));
-  EXPECT_EQ(Count(result.pane, " are    2   2   2\n"), 2);
-}
-
 }  // namespace
 }  // namespace talven::test

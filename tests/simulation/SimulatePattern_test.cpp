@@ -1,9 +1,6 @@
-// Whole runs of the simulator through the terminal program.
-
+// The list of reflections behind a simulation, through the terminal program.
 #include <gtest/gtest.h>
 
-#include <ctime>
-#include <iomanip>
 #include <sstream>
 
 #include "support/Session.h"
@@ -16,21 +13,16 @@ namespace {
 const std::string kCubicIns = "TITL a\nCELL 0.71073 4 4 4 90 90 90\n";
 const std::string kTwoRows =
     "   1   0   0  100.00    1.00\n   1   1   0   50.00    1.00\n   0   0   0    0.00    0.00\n";
-const std::string kTwoReflections = "    1   0   0     22.20     100.00\n    1   1   0     31.59      50.00\n";
-/// Four points, at 10, 15, 20 and 25 degrees, and nothing but the sticks and their tails.
-constexpr const char* kFourPoints = "ok\n1014=5\n1030=10\n1018=off\n1024=off\nok\n";
 
 using Row = std::array<std::string, 4>;
 using Job = std::pair<std::string, std::string>;
 
 struct SimulatePattern : testing::Test, TestDirectory {};
 
-/// A session on a job of an INS file and reflections, which stand in its HKL and FCF files. Those without text are
-/// not there.
+/// A session on a job of an INS file and reflections, which stand in its HKL and FCF files.
 SessionResult Simulate(const std::string& ins, const std::string& rows, const std::string& answers) {
-  if (!ins.empty()) WriteFile("ABC.Ins", ins);
-  for (const char* name : {"abc.hkl", "Abc.FCF"})
-    if (!rows.empty()) WriteFile(name, rows);
+  WriteFile("ABC.Ins", ins);
+  for (const char* name : {"abc.hkl", "Abc.FCF"}) WriteFile(name, rows);
   return RunSession({"abc", "C:"}, answers + "exit\n");
 }
 
@@ -52,38 +44,6 @@ std::string Hkl(const std::string& indices) {
   for (int h = 0, k = 0, l = 0; stream >> h >> k >> l;)
     text.append(Record().I(h, 4).I(k, 4).I(l, 4).Text()).append("   10.00    1.00\n");
   return text;
-}
-
-TEST_F(SimulatePattern, RunsWithoutAPatternTellWhy) {
-  const std::string fatal = "fatal I/O error: abc.INS, line 2: expected 7 numbers after CELL, found ";
-  for (const auto& [ins, rows, answers, told] :
-       {Row{"", "", "ok\n", "INS File NOT Found\n"}, Row{kCubicIns, "", "ok\n", "HKL File NOT Found\n"},
-        Row{kCubicIns, "", "1006=7\nok\n", "FCF File NOT Found\n"},
-        Row{"TITL a\ncell 1 4 4 4 90 90 90\n", kTwoRows, "ok\n", "NO CELL Line in INS File\n"},
-        Row{kCubicIns, "\x01\x02\xFF\n", "ok\nok\n", "NO Reflections in HKL File\n"},
-        Row{kCubicIns, "\n", "1006=7\nok\nok\n", "NO Reflections in FCF File\n"},
-        Row{kCubicIns, kTwoRows, "ok\n1030=32\nok\n", "NO Points above 2Theta Min\n"},
-        Row{"CELL 1 0 4 4 90 90 90\n", kTwoRows, "ok\nok\n", "NO Points above 2Theta Min\n"},
-        Row{"TITL\nCELL 0.71 4 4 4 90 90", kTwoRows, "ok\n", fatal + "6\n"},
-        Row{"TITL\nCELL 0.71 4 4 x 90 90 90", kTwoRows, "ok\n", fatal + "\"x\"\n"},
-        Row{"TITL\nCELL 0.71 4 nan 4 90 90 90", kTwoRows, "ok\n", fatal + "\"nan\"\n"},
-        Row{"TITL\nCELLS 0.71 4 4 4 90 90 90", kTwoRows, "ok\n", fatal + "\"S\"\n"}}) {
-    TestDirectory directory;
-    WriteFile("abc.XY", "old");
-    const SessionResult result = Simulate(ins, rows, answers);
-    const bool is_fatal = told.starts_with("fatal");
-    EXPECT_NE(result.messages.find(told), std::string::npos) << result.messages;
-    EXPECT_EQ(result.exit_code, is_fatal ? 1 : 0) << told;
-    EXPECT_EQ(ReadFile("abc.XY"), rows.empty() ? "old" : "") << "emptied once both inputs are there";
-    EXPECT_EQ(Exists("abc.TMP"), is_fatal) << "the scratch file goes in every other case";
-    EXPECT_EQ(Count(result.messages, "[form 103]"), told.starts_with("NO Points") ? 2 : 1) << told;
-  }
-}
-
-TEST_F(SimulatePattern, PassesOverLongLines) {
-  const std::string line = "REM " + std::string(100'000, 'x') + "\n";
-  Simulate(line + kCubicIns, "#" + line + kTwoRows + line, kFourPoints);
-  EXPECT_EQ(ReadFile("SBRAG.LST"), kTwoReflections);
 }
 
 TEST_F(SimulatePattern, ReadsRowsUpToTheEndOfTheListAndExpandsThem) {
@@ -144,20 +104,6 @@ TEST_F(SimulatePattern, RadiationAndAngleLimit) {
     Simulate(kCubicIns, kTwoRows, "ok\n1024=off\n" + answers + "ok\n");
     EXPECT_EQ(LineOf(ReadFile("abc.ING"), 2) + " " + std::to_string(CountLines(ReadFile("SBRAG.LST"))), told);
   }
-}
-
-TEST_F(SimulatePattern, ReadsAfreshAtARestartAndInASecondRun) {
-  const std::string hkl = "1006=1\nok\n1014=5\n1030=10\nok\n";
-  EXPECT_EQ(Simulate(kCubicIns, kTwoRows, "ok\n1014=0.001\n1015=on\n1016=50\n" + hkl.substr(7)).Boxes(),
-            "Reduce 2THmax or increase step size\nabc.ING (+CPI, XY, PAT) written\n");
-  EXPECT_EQ(ReadFile("SBRAG.LST"), kTwoReflections) << "counts 1 1 0 add up to 6 at the second attempt: no copies";
-  const auto files = [] { return ReadFile("SBRAG.LST") + ReadFile("abc.ING") + ReadFile("abc.PAT"); };
-  Simulate("", "", hkl);
-  const std::string alone = files();
-  EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 6);
-  WriteFile("Abc.FCF", "   1   0   0       77.00      400.00      1.00 o\n");
-  Simulate("", "", "1006=7\nok\n1014=1\nok\n" + hkl);
-  EXPECT_EQ(files(), alone);
 }
 
 }  // namespace
