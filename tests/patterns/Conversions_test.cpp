@@ -13,7 +13,7 @@ namespace {
 
 struct Conversions : testing::Test, TestDirectory {};
 
-SessionResult Run(const std::string& answers) { return RunSession({"ABC", "C:"}, "1006=" + answers + "exit\n"); }
+SessionResult RunJob(const std::string& answers) { return RunSession({"ABC", "C:"}, "1006=" + answers + "exit\n"); }
 
 /// An ING file. Range is first and last angle and the step, in lines.
 std::string Ing(const std::string& range, int count, const std::string& rows) {
@@ -64,7 +64,7 @@ TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
         Case{Ing("0\n30001\n1", 1, "4 1\n"), to_text}}) {
     WriteFile("ABC.ING", ing);
     WriteFile("NEW.ING", "");
-    EXPECT_EQ(Run(option + "1006=3\nok\n").Boxes(),
+    EXPECT_EQ(RunJob(option + "1006=3\nok\n").Boxes(),
               option == to_text ? "30,000 point limit\n" : "100,000 point limit\n")
         << ing.substr(0, 40);
     EXPECT_EQ(ReadFile(option == to_text ? "ABC.TXT" : "NEW.ING"), "");
@@ -72,10 +72,10 @@ TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
   }
   // At the limit; of a text what lies beyond is not read.
   WriteFile("ABC.ING", Ing("0\n30000\n1", 1, many));
-  EXPECT_EQ(Run(to_text).Boxes(), "");
+  EXPECT_EQ(RunJob(to_text).Boxes(), "");
   EXPECT_EQ(CountLines(ReadFile("ABC.TXT")), 3'750 + 3'000);
   WriteFile("ABC.TXT", many);
-  Run(from_text);
+  RunJob(from_text);
   EXPECT_EQ(CountLines(ReadFile("ABC.ING")), 7 + 100'000);
 }
 
