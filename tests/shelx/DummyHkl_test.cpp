@@ -36,10 +36,10 @@ TEST_F(DummyHkl, InsTakesTheLimitsAsTheyCome) {
 
 TEST_F(DummyHkl, InsRoundsWhereTheLastDigitShows) {
   const char* const axis_only = "1019=1\n1020=0\n1021=0\nok\n";
-  // From stored cosines the volume would be 30538.477, and from unstored ones the angle of (1,0,1) 65.84 degrees.
+  // From stored cosines the volume would be 30538.477, and from unstored ones the angle of (5,2,3) 24.87 degrees.
   EXPECT_EQ(LineOf(RunCell(" 1.54 58 30 23 73 70 112", axis_only).pane, 9), "   Volume  30538.479");
-  RunCell(" 1.54 2.3 3.8 2.6 64 84 61");
-  EXPECT_EQ(Count(ReadFile("DUMMY.HKL"), "   1   0   1  100.00    1.00    0.54   65.83\n"), 1);
+  RunCell(" 2.0755 12.2532 18.1985 2.2542 44.2054 56.2828 125.9662", "1019=5\n1020=2\n1021=3\nok\n");
+  EXPECT_EQ(Count(ReadFile("DUMMY.HKL"), "   5   2   3  100.00    1.00    0.22   24.88\n"), 1);
   // The sine is 1.00000004, which is stored as 1.
   RunCell(" 2.0006 1.0003 1 1 90 90 90", axis_only);
   EXPECT_EQ(ReadFile("DUMMY.HKL"), "   1   0   0  100.00    1.00    1.00    0.90\n");
