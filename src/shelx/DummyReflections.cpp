@@ -2,12 +2,12 @@
 
 #include <cmath>
 
+#include "simulation/CellGeometry.h"
 #include "textio/Numbers.h"
 
 namespace talven {
 namespace {
 
-/// Indices in 64 bits, so that no limit that a form can hold makes a product of two of them overflow.
 using Index = std::int64_t;
 
 constexpr double kBeyondSphere = 0.9;
@@ -36,18 +36,6 @@ bool IsAbsent(AbsenceRule rule, Index h, Index k, Index l) {
       break;
   }
   return false;
-}
-
-/// 1/d squared, stored.
-float InverseSquareSpacing(const UnitCell& cell, Index h, Index k, Index l) {
-  const double as = cell.AStar;
-  const double bs = cell.BStar;
-  const double cs = cell.CStar;
-  const auto product = [](Index x, Index y) { return static_cast<double>(x * y); };
-  const double q = product(h, h) * cell.AStarSquared + product(k, k) * cell.BStarSquared +
-                   product(l, l) * cell.CStarSquared + product(2 * h, k) * as * bs * cell.CosGammaStar +
-                   product(2 * h, l) * as * cs * cell.CosBetaStar + product(2 * k, l) * bs * cs * cell.CosAlphaStar;
-  return Store(std::fabs(q));
 }
 
 /// Bragg's law, 2d sin theta = lambda. On purpose the limit is tested before the sine is stored.

@@ -7,8 +7,12 @@
 namespace talven {
 namespace {
 
+double Radians(float degrees) {
+  return degrees * (1.0 / kDegreesPerRadian);
+}
+
 double SineOf(float degrees) {
-  return std::sin(degrees * (1.0 / kDegreesPerRadian));
+  return std::sin(Radians(degrees));
 }
 
 /// 0 no equal lengths, 1 a equals b, 2 all three equal.
@@ -29,6 +33,16 @@ std::int32_t AngleCode(const UnitCell& cell, double tolerance) {
 }
 
 }  // namespace
+
+double CosineOf(float degrees) {
+  return std::cos(Radians(degrees));
+}
+
+/// V = abc sqrt(1 - cos^2 alpha - cos^2 beta - cos^2 gamma + 2 cos alpha cos beta cos gamma), International Tables.
+float CellVolume(const UnitCell& cell, double ca, double cb, double cg) {
+  const float root = Store(std::fabs(1.0 - ca * ca - cb * cb - cg * cg + 2.0 * ca * cb * cg));
+  return Store(static_cast<double>(cell.a) * cell.b * cell.c * std::sqrt(static_cast<double>(root)));
+}
 
 void DeriveReciprocalCell(UnitCell& cell) {
   const double a = cell.a;
@@ -56,15 +70,20 @@ float TwoThetaOf(float sin_theta) {
   return Store(std::atan(s / std::sqrt((1.0 - s) * (1.0 + s))) * 2.0 * kDegreesPerRadian);
 }
 
-float ComputeSinTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l) {
+float InverseSquareSpacing(const UnitCell& cell, std::int64_t h, std::int64_t k, std::int64_t l) {
   const double as = cell.AStar;
   const double bs = cell.BStar;
   const double cs = cell.CStar;
-  const double q = static_cast<double>(h * h) * cell.AStarSquared + static_cast<double>(k * k) * cell.BStarSquared +
-                   static_cast<double>(l * l) * cell.CStarSquared + (2 * h * k) * as * bs * cell.CosGammaStar +
-                   (2 * h * l) * as * cs * cell.CosBetaStar + (2 * k * l) * bs * cs * cell.CosAlphaStar;
-  const float magnitude = Store(std::fabs(q));
-  return Store(std::sqrt(static_cast<double>(magnitude)) * 0.5 * wavelength);
+  const auto product = [](std::int64_t x, std::int64_t y) { return static_cast<double>(x * y); };
+  const double q = product(h, h) * cell.AStarSquared + product(k, k) * cell.BStarSquared +
+                   product(l, l) * cell.CStarSquared + product(2 * h, k) * as * bs * cell.CosGammaStar +
+                   product(2 * h, l) * as * cs * cell.CosBetaStar + product(2 * k, l) * bs * cs * cell.CosAlphaStar;
+  return Store(std::fabs(q));
+}
+
+float ComputeSinTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l) {
+  const double q = InverseSquareSpacing(cell, h, k, l);
+  return Store(std::sqrt(q) * 0.5 * wavelength);
 }
 
 std::int32_t ClassifyCell(const UnitCell& cell, double tolerance) {

@@ -1,29 +1,13 @@
 #include "simulation/CellLine.h"
 
 #include <array>
-#include <cmath>
 
+#include "simulation/CellGeometry.h"
 #include "textio/FixedText.h"
 #include "textio/FreeForm.h"
 #include "textio/Numbers.h"
 
 namespace talven {
-namespace {
-
-float StoredCosine(float degrees) {
-  return Store(std::cos(degrees * (1.0 / kDegreesPerRadian)));
-}
-
-/// V = abc sqrt(1 - cos^2 alpha - cos^2 beta - cos^2 gamma + 2 cos alpha cos beta cos gamma), International Tables.
-float CellVolume(const UnitCell& cell) {
-  const double ca = cell.CosAlpha;
-  const double cb = cell.CosBeta;
-  const double cg = cell.CosGamma;
-  const float root = Store(std::fabs(1.0 - ca * ca - cb * cb - cg * cg + 2.0 * ca * cb * cg));
-  return Store(static_cast<double>(cell.a) * cell.b * cell.c * std::sqrt(static_cast<double>(root)));
-}
-
-}  // namespace
 
 bool ReadCellLine(InputFile& ins, UnitCell& cell) {
   std::string_view line;
@@ -40,10 +24,10 @@ bool ReadCellLine(InputFile& ins, UnitCell& cell) {
     cell.alpha = numbers[4];
     cell.beta = numbers[5];
     cell.gamma = numbers[6];
-    cell.CosAlpha = StoredCosine(cell.alpha);
-    cell.CosBeta = StoredCosine(cell.beta);
-    cell.CosGamma = StoredCosine(cell.gamma);
-    cell.Volume = CellVolume(cell);
+    cell.CosAlpha = Store(CosineOf(cell.alpha));
+    cell.CosBeta = Store(CosineOf(cell.beta));
+    cell.CosGamma = Store(CosineOf(cell.gamma));
+    cell.Volume = CellVolume(cell, cell.CosAlpha, cell.CosBeta, cell.CosGamma);
     return true;
   }
   return false;
