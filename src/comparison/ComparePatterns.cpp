@@ -5,6 +5,7 @@
 
 #include "comparison/BuildBands.h"
 #include "comparison/ComparisonReport.h"
+#include "comparison/LargeDSpacing.h"
 #include "comparison/NormalisePeaks.h"
 #include "comparison/ReadPeakList.h"
 #include "comparison/SortPeaksByIntensity.h"

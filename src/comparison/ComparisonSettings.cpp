@@ -1,7 +1,5 @@
 #include "comparison/ComparisonSettings.h"
 
-#include <cmath>
-
 #include "textio/Numbers.h"
 #include "ui/forms/FormCatalogue.h"
 
@@ -19,8 +17,6 @@ constexpr int kT4mField = 1019;
 constexpr int kBtresField = 1020;
 constexpr int kBSepField = 1030;
 constexpr int kBerrField = 1034;
-
-constexpr double kDegreesPerRadian = 57.29578F;
 
 void FillForm(Toolkit& toolkit, const ComparisonSettings& settings, std::int32_t btres_refill) {
   toolkit.WDialogPutReal(kAngTolField, settings.AngTol);
@@ -63,12 +59,6 @@ void AskComparisonSettings(Ui& ui, std::int32_t btres_refill, ComparisonSettings
   toolkit.WDialogShow(-1, -1, 0, kModal);
   settings = ReadForm(toolkit);
   toolkit.WDialogUnload(kComparisonForm);
-}
-
-float FindTwoThetaLimit(float wavelength, float DSPACE) {
-  const double s = 1.0 / (2.0 * DSPACE) * wavelength;
-  const double theta = std::atan(s / std::sqrt((1.0 - s) * (1.0 + s)));
-  return Store(2.0 * kDegreesPerRadian * theta);
 }
 
 }  // namespace talven

@@ -38,8 +38,4 @@ struct ComparisonSettings {
 /// field refuses leaves the form's own default. On purpose: the field of Btres is filled from `btres_refill` instead.
 void AskComparisonSettings(Ui& ui, std::int32_t btres_refill, ComparisonSettings& settings);
 
-/// The 2theta in degrees at which a plane spacing of DSPACE reflects a wavelength in Angstrom, by Bragg's law. No
-/// number if the wavelength is more than twice the spacing.
-float FindTwoThetaLimit(float wavelength, float DSPACE);
-
 }  // namespace talven

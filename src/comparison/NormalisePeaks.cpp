@@ -8,7 +8,6 @@ namespace talven {
 namespace {
 
 constexpr double kTopIntensity = 99000.0;
-constexpr double kAreaPerCount = 0.1F;
 
 }  // namespace
 
@@ -23,13 +22,6 @@ float NormalisePeaks(PeakList& list) {
     list.Intensity[i] = Store(scaled);
   }
   return Store(area);
-}
-
-std::int32_t CountPeaksBelow(const PeakList& list, float limit) {
-  std::int32_t low_count = 0;
-  for (std::int32_t i = 1; i <= list.count; ++i)
-    if (list.TwoTheta[i] < limit) ++low_count;
-  return low_count;
 }
 
 }  // namespace talven

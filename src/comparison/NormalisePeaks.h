@@ -9,7 +9,4 @@ namespace talven {
 /// the scaled values are rounded. If no intensity is above 0 the results are infinite or no numbers.
 float NormalisePeaks(PeakList& list);
 
-/// How many peaks lie below an angle (degrees 2theta).
-std::int32_t CountPeaksBelow(const PeakList& list, float limit);
-
 }  // namespace talven

@@ -8,6 +8,9 @@
 namespace talven {
 
 inline constexpr std::int32_t kPeakCapacity = 100;
+/// What a peak adds to the area of a pattern, as a share of its height: a stored tenth, which expressions take at 64
+/// bits.
+inline constexpr double kAreaPerCount = 0.1F;
 
 /// Peaks 1 to `count`. Slots above the count keep what stood there before, and the band scan of a very short list looks
 /// at them.

@@ -17,7 +17,6 @@ constexpr double kLargeDRejected = 0.01F;
 constexpr double kLargeDAgreed = 3.0;
 constexpr double kMostIntFactor = 0.01F;
 constexpr double kAreaFactor = 0.02F;
-constexpr double kAreaPerCount = 0.1F;
 
 using StrongestPositions = std::array<float, kStrongest>;
 

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "comparison/BuildBands.h"
+#include "comparison/LargeDSpacing.h"
 #include "comparison/NormalisePeaks.h"
 #include "comparison/ReadPeakList.h"
 #include "comparison/ScorePair.h"
@@ -93,17 +94,6 @@ TEST(BuildBands, FollowsTheRulesOfTheScan) {
   for (int i = 1; i <= 100; ++i) full += std::to_string(i) + " 200 ";
   Fill(list, full);
   EXPECT_EQ(Scan(list, 3.0F), "1-99 200@1 20000/100, 100") << "without the last, with the last but one twice";
-}
-
-TEST(SortPeaksByIntensity, KeepsTheTieOrderOfItsExchanges) {
-  for (const Case& c :
-       {Case{"all equal", "1 5 2 5 3 5 4 5", "4 5 3 5 2 5 1 5 "},
-        Case{"two by two", "1 5 2 3 3 5 4 3", "3 5 1 5 4 3 2 3 "}, Case{"no ties", "1 1 2 9 3 4", "2 9 3 4 1 1 "}}) {
-    PeakList list;
-    Fill(list, c.peaks);
-    SortPeaksByIntensity(list);
-    EXPECT_EQ(Describe(list), c.result) << c.about;
-  }
 }
 
 /// Peaks on a grid of tenths of a degree, of whole intensities below `top`.
