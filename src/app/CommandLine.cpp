@@ -3,13 +3,12 @@
 #include <ostream>
 
 #include "textio/FixedText.h"
-#include "ui/LineBuffer.h"
+#include "ui/LineCleaner.h"
+#include "ui/RunState.h"
 #include "ui/Toolkit.h"
 
 namespace talven {
 namespace {
-
-constexpr std::size_t kLongestJobName = 20;
 
 /// Length of an argument as the program takes it: cut to 80 characters, control characters as blanks.
 std::size_t ArgumentLength(std::string_view argument) {

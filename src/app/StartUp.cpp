@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kJobNameField = 1005;
 constexpr int kBannerHundredths = 100;
-constexpr std::size_t kLongestJobName = 20;
 
 void OpenWindow(Toolkit& toolkit) {
   toolkit.WInitialise(" ");

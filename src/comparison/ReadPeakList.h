@@ -7,7 +7,7 @@
 
 #include "comparison/PeakList.h"
 #include "textio/InputFile.h"
-#include "ui/PeakFileSelector.h"
+#include "ui/LineCleaner.h"
 
 namespace talven {
 

@@ -5,11 +5,9 @@
 #include <string_view>
 
 #include "textio/FixedText.h"
+#include "ui/LineCleaner.h"
 
 namespace talven {
-
-/// Replaces every character below a blank, tabs included, by a blank.
-void BlankControlCharacters(Text80& line);
 
 /// The shared line. No value stays in it across a call of another part of the program.
 class LineBuffer {
@@ -21,16 +19,15 @@ class LineBuffer {
   Text80& Text() { return text_; }
   std::string_view View() const { return text_.View(); }
 
-  /// Cleans the line of control characters and gives its trimmed length. On purpose: an all-blank line gives the
-  /// length of the last call that saw another one, 0 before any.
-  std::int32_t TrimLine();
+  /// Cleans the line and gives its trimmed length, as LineCleaner does.
+  std::int32_t TrimLine() { return cleaner_.CleanTextLine(text_); }
 
   /// The line, cleaned and cut to the length that TrimLine gives: what a copied text line is written as.
-  std::string_view TrimmedLine();
+  std::string_view TrimmedLine() { return text_.First(static_cast<std::size_t>(TrimLine())); }
 
  private:
   Text80 text_;
-  std::int32_t length_ = 0;
+  LineCleaner cleaner_;
 };
 
 }  // namespace talven

@@ -1,5 +1,8 @@
 #include "ui/PeakFileSelector.h"
 
+#include <string>
+#include <utility>
+
 namespace talven {
 namespace {
 
@@ -33,13 +36,6 @@ std::string CleanPath(std::string path) {
 }
 
 }  // namespace
-
-std::int32_t LineCleaner::CleanTextLine(Text80& line) {
-  BlankControlCharacters(line);
-  const auto length = static_cast<std::int32_t>(line.Trimmed().size());
-  if (length > 0) length_ = length;
-  return length_;
-}
 
 void PeakFileSelector::SelectPeakFile(Ui& ui, std::string_view title, FileStem& stem, std::int32_t& stem_length,
                                       std::int32_t& status) {

@@ -1,25 +1,13 @@
-// Asking the user for a peak list, and the cleaning of the lines read from one.
+// Asking the user for a peak list.
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "textio/FixedText.h"
 #include "ui/Ui.h"
 
 namespace talven {
-
-/// Cleans lines of control characters and measures them.
-class LineCleaner {
- public:
-  /// Replaces control characters by blanks and gives the last column that holds a character above blank. On purpose: an
-  /// all-blank line gives the length of the call before.
-  std::int32_t CleanTextLine(Text80& line);
-
- private:
-  std::int32_t length_ = 0;
-};
 
 /// What `SelectPeakFile` leaves in its status.
 inline constexpr std::int32_t kPeakFileCancelled = 99;

@@ -10,7 +10,8 @@
 
 namespace talven {
 
-using JobText = FixedText<20>;
+inline constexpr std::size_t kLongestJobName = 20;
+using JobText = FixedText<kLongestJobName>;
 
 /// Eight reals that the simulator and the reformatter fill and read, each giving the slots its own meaning. A run sets
 /// every slot that it reads.

@@ -34,16 +34,12 @@ TEST(TextPane, HoldsFortyTwoLines) {
 
 TEST(LineBuffer, ABlankLineKeepsTheLastLength) {
   LineBuffer line;
-  LineCleaner cleaner;
   using Row = std::tuple<std::string, std::int32_t, const char*>;
   for (const auto& [text, length, trimmed] :
        {Row{"", 0, ""}, Row{"\ta\tb\x01\r", 4, " a b"}, Row{"\t", 4, "    "}, Row{std::string(90, ' '), 4, "    "}}) {
     line = text;
     EXPECT_EQ(line.TrimLine(), length);
     EXPECT_EQ(line.TrimmedLine(), trimmed);
-    Text80 cleaned(text);
-    EXPECT_EQ(cleaner.CleanTextLine(cleaned), length);
-    EXPECT_EQ(cleaned.Trimmed(), TrimRight(trimmed));
   }
 }
 

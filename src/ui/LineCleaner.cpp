@@ -1,4 +1,4 @@
-#include "ui/LineBuffer.h"
+#include "ui/LineCleaner.h"
 
 namespace talven {
 
@@ -7,15 +7,11 @@ void BlankControlCharacters(Text80& line) {
     line[column] = static_cast<unsigned char>(line[column]) < ' ' ? ' ' : line[column];
 }
 
-std::int32_t LineBuffer::TrimLine() {
-  BlankControlCharacters(text_);
-  const auto length = static_cast<std::int32_t>(text_.Trimmed().size());
+std::int32_t LineCleaner::CleanTextLine(Text80& line) {
+  BlankControlCharacters(line);
+  const auto length = static_cast<std::int32_t>(line.Trimmed().size());
   if (length > 0) length_ = length;
   return length_;
-}
-
-std::string_view LineBuffer::TrimmedLine() {
-  return text_.First(static_cast<std::size_t>(TrimLine()));
 }
 
 }  // namespace talven
