@@ -65,7 +65,7 @@ bool RunPass(Expansion& expansion, std::int32_t axis, Copies copies) {
     }
     flipped = -flipped;
     const float two_theta = CopyTwoTheta(expansion, h, k, l);
-    if (expansion.limits.TwoThetaMax > 0.0001 && two_theta > expansion.limits.TwoThetaMax) continue;
+    if (expansion.limits.IsBeyond(two_theta)) continue;
     ++count;
     list.H[count] = h;
     list.K[count] = k;

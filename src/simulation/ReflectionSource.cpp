@@ -54,14 +54,10 @@ void StoreRow(ReflectionList& list, std::int32_t slot, const List4Row& row, floa
   list.TwoTheta[slot] = two_theta;
 }
 
-bool HasAngleLimit(const ReflectionLimits& limits) {
-  return limits.TwoThetaMax > 0.0001;
-}
-
 /// A sin theta beyond which no angle has to be computed, for the row is surely rejected: a little above the limit's
 /// own.
 double FarSinTheta(const ReflectionLimits& limits) {
-  if (!HasAngleLimit(limits)) return kLargestSinTheta;
+  if (!limits.HasAngleLimit()) return kLargestSinTheta;
   return 1.0001 * std::sin(std::min(0.5 * limits.TwoThetaMax / kDegreesPerRadian, 1.5));
 }
 
@@ -95,7 +91,7 @@ void ReadReflectionSource(Ui& ui, InputFile& source, bool is_fcf, const UnitCell
     const float sin_theta = ComputeSinTheta(cell, limits.Wavelength, row->H, row->K, row->L);
     if (sin_theta >= kLargestSinTheta || sin_theta > far) continue;
     const float two_theta = TwoThetaOf(sin_theta);
-    if (HasAngleLimit(limits) && two_theta > limits.TwoThetaMax) continue;
+    if (limits.IsBeyond(two_theta)) continue;
     StoreRow(list, ++count, *row, two_theta);
   }
   if (count == kReflectionLimit) ui.ShowMessage(kReflectionLimitMessage);

@@ -23,6 +23,9 @@ struct ReflectionLimits {
   float Wavelength = 0.0F;
   /// Degrees; 0 for no limit.
   float TwoThetaMax = 0.0F;
+
+  bool HasAngleLimit() const { return TwoThetaMax > 0.0001; }
+  bool IsBeyond(float two_theta) const { return HasAngleLimit() && two_theta > TwoThetaMax; }
 };
 
 /// Fills the list from the source, widens the index range with every row, and shows the number read. A row that can't
