@@ -23,8 +23,6 @@ class InputFile {
   std::string_view RequireLine(std::string_view expected);
   void Rewind();
 
-  const std::string& Name() const { return name_; }
-
   /// Throws FatalIoError with file, line, what was expected and what stood there.
   [[noreturn]] void Fail(std::string_view expected, std::string_view found) const;
 

@@ -22,11 +22,6 @@ Record& Record::A(std::string_view text) {
   return *this;
 }
 
-Record& Record::A(std::string_view text, std::size_t width) {
-  if (text.size() < width) X(width - text.size());
-  return A(text.substr(0, width));
-}
-
 Record& Record::I(std::int64_t value, std::size_t width) {
   FormatI(Take(width), value);
   return *this;

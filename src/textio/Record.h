@@ -21,8 +21,6 @@ class Record {
   Record& X(std::size_t count);
   /// The whole text.
   Record& A(std::string_view text);
-  /// The text in `width` columns: cut, or right aligned as an output field is.
-  Record& A(std::string_view text, std::size_t width);
   Record& I(std::int64_t value, std::size_t width);
   Record& F(double value, std::size_t width, int decimals);
   Record& G(double value);
