@@ -1,7 +1,6 @@
 // Reducing a peak list to bands: runs of strong neighbouring peaks, as a crowded region shows them.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "comparison/PeakList.h"

@@ -11,8 +11,8 @@ namespace talven {
 
 /// Normalises job.INS, which is open as `ins` and is open again at its start in the end, and counts its instructions.
 /// The text that is worked on, the incoming one and then the rewritten one, lies in TEST.INS meanwhile, where it stays
-/// after a fatal error. False if a raw model has too many
-/// labels: its text is in place again, and the file closed. Throws FatalIoError.
+/// after a fatal error. False if a raw model has too many labels: its text is in place again, and the file closed.
+/// Throws FatalIoError.
 bool PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins, InsCensus& census);
 
 }  // namespace talven

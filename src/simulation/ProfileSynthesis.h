@@ -2,8 +2,6 @@
 // scalings. The four steps are called once each, in this order.
 #pragma once
 
-#include <cstdint>
-
 #include "simulation/PatternGrid.h"
 #include "simulation/ReflectionList.h"
 #include "textio/Array1.h"

@@ -1,7 +1,6 @@
 #include "simulation/SimulationOutputs.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "textio/FixedText.h"

@@ -1,7 +1,6 @@
 // The files of a simulated pattern: ING, CPI, XY and PAT with one value for each grid point, and the reflection list.
 #pragma once
 
-#include <cstdint>
 #include <string_view>
 
 #include "simulation/PatternGrid.h"

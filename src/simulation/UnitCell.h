@@ -1,8 +1,6 @@
 // The unit cell, direct and reciprocal, as stored 32-bit values.
 #pragma once
 
-#include <cstdint>
-
 namespace talven {
 
 /// The one conversion constant of the simulator, in place of the exact one.

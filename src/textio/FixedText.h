@@ -69,7 +69,7 @@ class FixedText {
   std::array<char, N> characters_;
 };
 
-/// A fixed text is a plain value, so a copy of it keeps all N characters.
+/// The columns of a line that most readers look at.
 using Text80 = FixedText<80>;
 
 }  // namespace talven

@@ -28,9 +28,6 @@ TEST_F(DummyHkl, InsWritesTheHalfBox) {
   EXPECT_EQ(LineOf(list, 1), "   0  -6   0  100.00    1.00    0.30   34.92");
   EXPECT_TRUE(list.ends_with("\n   6   6   6  100.00    1.00    0.52   62.61\n"));
   EXPECT_TRUE(Has("   0  -3   0") && Has("   0   3   0") && !Has("   0  -6  -1") && !Has("   0   0   0"));
-}
-
-TEST_F(DummyHkl, InsTakesTheLimitsAsTheyCome) {
   EXPECT_EQ(LineOf(RunCell("\t1,9.0/8.9 3.0 90 90 90 of all axes").pane, 5), " Hmax Kmax and Lmax are    6   5   3");
 }
 

@@ -2,12 +2,10 @@
 #include <process.h>
 #include <windows.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <thread>
 
 int main(int argc, char** argv) {
   const std::filesystem::path self(argv[0]);

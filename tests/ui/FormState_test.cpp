@@ -50,10 +50,4 @@ TEST(FormState, TypedTextIsTestedAndParsed) {
   }
 }
 
-TEST(FormState, RadioGroups) {
-  FormState form(*FindForm(kPatternForm));
-  EXPECT_TRUE(form.ChooseRadio(1006, 3) && !form.ChooseRadio(1006, 4) && !form.ChooseRadio(1006, 0));
-  EXPECT_TRUE(form.ChosenRadio(1006) == 3 && form.IsSet(1008) && !form.IsSet(1006));
-}
-
 }  // namespace talven

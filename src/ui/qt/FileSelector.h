@@ -1,4 +1,4 @@
-// The file selector's filter and name, as the toolkit passes them.
+// The file selector.
 #pragma once
 
 #include <QString>

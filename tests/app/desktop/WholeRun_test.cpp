@@ -4,7 +4,6 @@
 #include <QMessageBox>
 #include <array>
 #include <clocale>
-#include <filesystem>
 
 #include "app/desktop/DesktopProgram.h"
 #include "support/Session.h"

@@ -54,7 +54,7 @@ TEST(ConsoleToolkit, RefusalsTellLineAnswerAndWhatIsAccepted) {
         Row{"4711=1", "the form has no such field: expected one of those shown"},
         Row{"1016=3", "the field is disabled: expected another one"},
         Row{"1002=3", "the field can't be filled: expected another one"}, Row{"1015=yes", "expected on or off"},
-        Row{"1006=4", button}, Row{"1006= 0 3", button}, Row{"1006=", button},
+        Row{"1006=4", button}, Row{"1006=0", button}, Row{"1006= 0 3", button}, Row{"1006=", button},
         Row{"1007=1", "not the first button of its group: choose by the first one's id"},
         Row{"exit", "the form has no such button: expected ok or ID=VALUE"},
         Row{"hello", "expected ID=VALUE, ok or exit"}}) {

@@ -7,7 +7,6 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QRadioButton>
-#include <filesystem>
 
 #include "support/TestFiles.h"
 #include "support/qt/UserScript.h"
