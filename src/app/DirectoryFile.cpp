@@ -40,8 +40,9 @@ void WriteDirectoryFile(char drive_letter, std::string_view directory) {
   const std::string name = FileName(drive_letter);
   std::error_code error;
   if (const auto path = FindForWriting(name)) std::filesystem::create_directories(path->parent_path(), error);
+  // Jobs of a cluster start side by side and share the file, so that it is never empty in between.
   OutputFile file;
-  file.Open(name);
+  file.OpenOver(name);
   std::string line(directory);
   if (line.size() < kLineLength) line.resize(kLineLength, ' ');
   file.WriteLine(line);

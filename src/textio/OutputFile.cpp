@@ -1,6 +1,7 @@
 #include "textio/OutputFile.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <system_error>
 
 #include "textio/FatalIoError.h"
@@ -19,6 +20,18 @@ OutputFile::~OutputFile() {
 }
 
 void OutputFile::Open(std::string_view name, Spelling spelling) {
+  FindPath(name, spelling);
+  OpenReplacing();
+}
+
+void OutputFile::OpenOver(std::string_view name) {
+  FindPath(name, Spelling::kAny);
+  stream_.open(path_, std::ios::binary | std::ios::in);
+  is_written_over_ = stream_.is_open();
+  if (!is_written_over_) OpenReplacing();
+}
+
+void OutputFile::FindPath(std::string_view name, Spelling spelling) {
   if (stream_.is_open()) Close();
   name_ = TrimRight(name);
   const auto path = FindForWriting(name_, spelling);
@@ -26,7 +39,6 @@ void OutputFile::Open(std::string_view name, Spelling spelling) {
   path_ = *path;
   stream_.rdbuf()->pubsetbuf(nullptr, 0);  // Lines are gathered here, so the stream needs no buffer of its own.
   buffer_.reserve(kBufferSize + 1024);
-  OpenReplacing();
 }
 
 void OutputFile::OpenReplacing() {
@@ -58,6 +70,9 @@ void OutputFile::Rewind() {
 void OutputFile::Close() {
   if (!stream_.is_open()) return;
   Flush();
+  std::error_code error;
+  if (is_written_over_) std::filesystem::resize_file(path_, static_cast<std::uintmax_t>(stream_.tellp()), error);
+  is_written_over_ = false;
   stream_.close();
   if (!stream_) Fail("cannot be closed");
 }

@@ -21,6 +21,9 @@ class OutputFile {
   ~OutputFile();
 
   void Open(std::string_view name, Spelling spelling = Spelling::kAny);
+  /// The same for a file that other processes may read at any time: what is there stays until it is written over, and
+  /// closing cuts off the rest.
+  void OpenOver(std::string_view name);
   const std::string& Name() const { return name_; }
   bool IsOpen() const { return stream_.is_open(); }
   void WriteLine(std::string_view line);
@@ -33,12 +36,14 @@ class OutputFile {
   void CloseAndDelete();
 
  private:
+  void FindPath(std::string_view name, Spelling spelling);
   void OpenReplacing();
   [[noreturn]] void Fail(std::string_view what) const;
 
   std::string name_;
   std::filesystem::path path_;
   std::ofstream stream_;
+  bool is_written_over_ = false;
   std::string buffer_;
 };
 

@@ -47,8 +47,11 @@ TEST_F(Driver, StartByHandAsksAndRewritesTheDirectoryFile) {
   EXPECT_EQ(result.exit_code, 0) << "nothing is started after a start by hand, so nothing is missed";
   EXPECT_EQ(result.Boxes(), "Job Name longer than 20 Characters\n");
   EXPECT_EQ(Count(result.messages, "[file] Find the Directory -          The file name does not matter\n"), 1);
-  for (const auto& [answer, directory] : {Row{"cancel", ""}, Row{kLongName, "/" + kLongName},
-                                          Row{"cancel", "/" + kLongName}, Row{"sub", "/" + kLongName + "/sub"}}) {
+  for (const auto& [answer, directory] : {Row{"cancel", ""},
+                                          Row{kLongName, "/" + kLongName},
+                                          Row{"cancel", "/" + kLongName},
+                                          Row{"sub", "/" + kLongName + "/sub"},
+                                          {"..", "/" + kLongName}}) {
     fs::current_path(Path());
     RunSession({}, "1005=x\nok\n" + answer + "\nexit\n");
     const std::string line = FromPath(ToPath(work + directory).make_preferred());

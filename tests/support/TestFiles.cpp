@@ -21,15 +21,16 @@ TestDirectory::TestDirectory() : before_(fs::current_path()) {
   fs::create_directories(Drive() / "exe/VELDOR");
   WriteFile(Drive() / "exe/VELDOR/DIR.DEF", work_.string() + "\n");
   for (const char* program : {"mirade.exe", "kestra.exe"})
-    WriteProgram(program, "printf '%s %s\\n' \"${0##*/}\" \"$*\" >../started");
+    WriteProgram(program, "printf '%s %s\\n' \"${0##*/}\" \"$*\" >../starting; mv ../starting ../started");
   fs::current_path(work_);
 }
 
 std::string TestDirectory::Started() const {
   const fs::path file = root_ / "started";
-  for (int tries = 0; tries < 200 && ReadFile(file).back() != '\n'; ++tries)
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  return ReadFile(file);
+  for (int tries = 0; tries < 200 && !Exists(file); ++tries) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  const std::string started = ReadFile(file);
+  fs::remove(file);
+  return started;
 }
 
 TestDirectory::~TestDirectory() {
