@@ -6,7 +6,7 @@
 #include <memory>
 #include <sstream>
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 #include "simulation/DuplicateRemoval.h"
 #include "simulation/ProfileSynthesis.h"
 #include "simulation/ReflectionSource.h"
@@ -56,7 +56,7 @@ struct Bench {
 
   Bench() {
     OutputFile file;
-    file.Open(name);
+    file.Open(Folder(), name);
     file.WriteLine(Rows());
     file.Close();
     grid->PointCount = kLargestPointCount;
@@ -67,7 +67,7 @@ struct Bench {
   void Read() {
     InputFile source;
     IndexRange range;
-    if (source.Open(name)) ReadReflectionSource(ui, source, false, cell, {1.54F, 0.0F}, *list, range);
+    if (source.Open(Folder(), name)) ReadReflectionSource(ui, source, false, cell, {1.54F, 0.0F}, *list, range);
   }
 };
 
@@ -107,7 +107,8 @@ void WriteOutputs(benchmark::State& state) {
   BinReflections(*bench.list, bench.parameters, bench.scratch, *bench.grid, *bench.work);
   PatternFiles files;
   OutputFile rows;
-  for (OutputFile* const file : {&files.ing, &files.cpi, &files.xy, &files.pat, &rows}) file->Open("/dev/null");
+  for (OutputFile* const file : {&files.ing, &files.cpi, &files.xy, &files.pat, &rows})
+    file->Open(Folder(), "/dev/null");
   const PatternHead head{.TrimmedJobName = "bench", .Wavelength = 1.54F, .Step = 0.005F, .date = {}, .time = {}};
   for (auto _ : state) {
     WriteReflectionList(*bench.list, rows);

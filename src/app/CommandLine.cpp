@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "textio/FixedText.h"
-#include "ui/LineCleaner.h"
+#include "textio/LineCleaner.h"
 #include "ui/RunState.h"
 #include "ui/Toolkit.h"
 

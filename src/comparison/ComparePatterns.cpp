@@ -37,7 +37,7 @@ void StartComparison(Comparison& c) {
   data.Pair.RefLowCount = 0;
   data.Pair.SampleLowCount = 0;
   data.SelectorStatus = 0;
-  if (!data.Log.IsOpen()) data.Log.Open(kLogName);
+  if (!data.Log.IsOpen()) data.Log.Open(Folder(), kLogName);
   c.report.WriteTitle();
 }
 
@@ -101,7 +101,7 @@ Outcome TakeReference(Comparison& c) {
   if (!SelectFile(c, "Find REFERENCE LST file")) return Outcome::kCancelled;
   InputFile file;
   const std::string name = SelectedFile(c.data);
-  file.OpenRequired(name);
+  file.OpenRequired(Folder(), name);
   const std::string directory = TakeDirectory(c);
   c.report.WriteRunSeparator();
   c.report.WriteFileLine(" Reference ", name, directory);
@@ -134,7 +134,7 @@ bool CompareSample(Comparison& c) {
   const std::string name = SelectedFile(c.data);
   c.report.WriteFileLine(" Sample Name ", name, TakeDirectory(c));
   InputFile file;
-  file.OpenRequired(name);
+  file.OpenRequired(Folder(), name);
   ReadPeakList(file, c.data.Cleaner, c.data.Pair.Sample);
   if (c.data.Pair.Sample.count == 0) {
     c.ui.ShowMessage("No Peaks in Sample.LST");

@@ -7,7 +7,7 @@
 
 #include "comparison/PeakList.h"
 #include "textio/InputFile.h"
-#include "ui/LineCleaner.h"
+#include "textio/LineCleaner.h"
 
 namespace talven {
 

@@ -85,7 +85,7 @@ void CifToIng(Ui& ui, RunState& run, CifToIngData& data) {
   if (!OpenJobInput(ui, run, ".CIF", cif)) return;
   ui.ShowLine(run.JobFile(".ING"));
   OutputFile ing;
-  ing.Open(run.JobFile(".ING"));
+  ing.Open(Folder(), run.JobFile(".ING"));
   WriteTitle(ui, run, ing);
   if (FindDataNames(cif, data)) {
     data.header.PointCount = CountCutSteps(data.header);

@@ -111,7 +111,7 @@ void IngToAsc(Ui& ui, RunState& run) {
   InputFile ing;
   if (!OpenJobInput(ui, run, ".ING", ing)) return;
   OutputFile asc;
-  asc.Open(run.JobFile(".ASC"));
+  asc.Open(Folder(), run.JobFile(".ASC"));
   IngHeader header = ReadIngHeader(ing);
   if (header.Step < kSmallestStep) header.Step = Store(kSmallestStep);
   const std::int32_t count = CountIngRows(kAscRows, header);

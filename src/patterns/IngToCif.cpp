@@ -32,7 +32,7 @@ void IngToCif(Ui& ui, RunState& run) {
   InputFile ing;
   if (!OpenJobInput(ui, run, ".ING", ing)) return;
   OutputFile cif;
-  cif.Open("NEW.CIF");
+  cif.Open(Folder(), "NEW.CIF");
   const IngHeader header = ReadIngHeader(ing);
   WriteHead(cif, header);
   WriteLoop(ing, header, cif);

@@ -61,7 +61,7 @@ void IngToTxt(Ui& ui, RunState& run, IngToTxtData& data) {
   InputFile ing;
   if (!OpenJobInput(ui, run, ".ING", ing)) return;
   OutputFile txt;
-  txt.Open(run.JobFile(".TXT"));
+  txt.Open(Folder(), run.JobFile(".TXT"));
   const std::int32_t count = CountIngRows(kTxtRows, ReadIngHeader(ing));
   if (const std::string_view refusal = Refusal(count); !refusal.empty()) {
     txt.Close();

@@ -165,7 +165,7 @@ void ReformatIng(Ui& ui, RunState& run, ReformatData& data, PatternProperties& p
   InputFile ing;
   if (!OpenJobInput(ui, run, ".ING", ing)) return;
   OutputFile new_ing;
-  new_ing.Open("NEW.ING");
+  new_ing.Open(Folder(), "NEW.ING");
   Reformat r{ui, run, data, properties, ReadIngHeader(ing)};
   ShowHeader(ui, r.header);
   ChooseFineStep(r.header.Step, data.FineStep);

@@ -79,7 +79,7 @@ void TxtToIng(Ui& ui, RunState& run, TxtToIngData& data) {
   InputFile txt;
   if (!OpenJobInput(ui, run, ".TXT", txt)) return;
   OutputFile ing;
-  ing.Open(run.JobFile(".ING"));
+  ing.Open(Folder(), run.JobFile(".ING"));
   IngHeader header{.Wavelength = kCopperWavelength, .FirstAngle = FindFirstAngle(txt), .StepTime = kStepTime};
   txt.Rewind();
   header.PointCount = ReadPoints(txt, data);

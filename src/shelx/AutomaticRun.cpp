@@ -3,7 +3,7 @@
 #include <string>
 
 #include "simulation/SimulatePattern.h"
-#include "textio/FileNames.h"
+#include "textio/Folder.h"
 
 namespace talven {
 namespace {
@@ -12,7 +12,7 @@ constexpr std::string_view kDummyList = "DUMMY.HKL";
 
 /// Deletes the job's FCF under every spelling, so that no stale one can pass for the result of this run.
 void DeleteOldFcf(const RunState& run) {
-  while (DeleteExisting(run.JobFile(".FCF"))) continue;
+  while (Folder().Delete(run.JobFile(".FCF"))) continue;
 }
 
 /// For a job named DUMMY there is then no list left, and the copy fails without a word.

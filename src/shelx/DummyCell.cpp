@@ -1,6 +1,6 @@
 #include "shelx/DummyCell.h"
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 #include "textio/Numbers.h"
 
 namespace talven {

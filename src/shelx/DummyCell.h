@@ -1,7 +1,7 @@
 // The reciprocal cell as the dummy reflection list needs it.
 #pragma once
 
-#include "simulation/UnitCell.h"
+#include "crystal/UnitCell.h"
 
 namespace talven {
 

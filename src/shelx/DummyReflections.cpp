@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 #include "textio/Numbers.h"
 
 namespace talven {

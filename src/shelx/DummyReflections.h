@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "simulation/UnitCell.h"
+#include "crystal/UnitCell.h"
 #include "textio/OutputFile.h"
 
 namespace talven {

@@ -71,13 +71,13 @@ std::optional<std::string_view> WriteList(InputFile& fcf, OutputFile& hkl, Resca
 
 void FcfToHkl(Ui& ui, RunState& run, FcfToHklData& data, std::int32_t quiet_flag) {
   InputFile fcf;
-  if (!fcf.Open(run.JobFile(".fcf"))) {
+  if (!fcf.Open(Folder(), run.JobFile(".fcf"))) {
     run.StopFlag = 1;
     ui.ShowMessage("FCF File NOT Found");
     return;
   }
   OutputFile hkl;
-  hkl.Open("DUMMY.HKL");
+  hkl.Open(Folder(), "DUMMY.HKL");
   RescaleState state = RescaleState::kNotNeeded;
   auto bad_line = WriteList(fcf, hkl, state, data.Sigma);
   if (state == RescaleState::kNeeded) {

@@ -30,7 +30,7 @@ struct DummyRun {
 bool OpenIns(DummyRun& r) {
   const std::string ins_name = r.run.JobFile(".INS");
   r.ui.ShowLine(ins_name);
-  if (r.ins.Open(ins_name)) return true;
+  if (r.ins.Open(Folder(), ins_name)) return true;
   r.run.StopFlag = 1;
   r.ui.ShowMessage("INS File (d1) NOT Found");
   return false;
@@ -121,7 +121,7 @@ void InsToDummyHkl(Ui& ui, RunState& run, InsToDummyHklData& data, FcfToHklData&
   if (!OpenIns(r)) return;
   const WminState marker = FindWminMarker(r.ins);
   r.ins.Rewind();
-  r.hkl.Open("DUMMY.HKL");
+  r.hkl.Open(Folder(), "DUMMY.HKL");
   FoldJobName(run.JobName);
   if (!SettleMode(r, marker)) return;
   WriteDummyList(r);

@@ -5,7 +5,7 @@
 #include "shelx/InsLine.h"
 #include "shelx/InsMarkers.h"
 #include "shelx/RewriteWminIns.h"
-#include "textio/FileNames.h"
+#include "textio/Folder.h"
 
 namespace talven {
 namespace {
@@ -18,14 +18,14 @@ constexpr std::string_view kFmapLine = "FMAP 2";
 /// copied onto itself.
 void MoveToTestIns(const std::string& ins_name) {
   const bool is_itself = ins_name == kTestIns;
-  if (!is_itself) DeleteExisting(kTestIns);
-  CopyRequired(ins_name, kTestIns, is_itself ? Spelling::kAny : Spelling::kExact);
-  DeleteExisting(ins_name);
+  if (!is_itself) Folder().Delete(kTestIns);
+  Folder().CopyRequired(ins_name, kTestIns, is_itself ? Spelling::kAny : Spelling::kExact);
+  Folder().Delete(ins_name);
 }
 
 void PutBack(const std::string& ins_name) {
-  CopyRequired(kTestIns, ins_name, Spelling::kExact);
-  DeleteExisting(kTestIns);
+  Folder().CopyRequired(kTestIns, ins_name, Spelling::kExact);
+  Folder().Delete(kTestIns);
 }
 
 bool NeedsRewriting(InputFile& ins) {
@@ -79,9 +79,9 @@ bool PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins, InsCensus& cens
   MoveToTestIns(ins_name);
   ui.ShowLine(ins_name);
   OutputFile normalised;
-  normalised.Open(ins_name, Spelling::kExact);
+  normalised.Open(Folder(), ins_name, Spelling::kExact);
   InputFile source;
-  source.OpenRequired(kTestIns);
+  source.OpenRequired(Folder(), kTestIns);
   if (NeedsRewriting(source)) {
     const bool rewritten = RewriteWminIns(ui.line, source, normalised);
     normalised.Close();
@@ -89,17 +89,17 @@ bool PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins, InsCensus& cens
       PutBack(ins_name);
       return false;
     }
-    DeleteExisting(kTestIns);
-    CopyRequired(ins_name, kTestIns, Spelling::kExact);
+    Folder().Delete(kTestIns);
+    Folder().CopyRequired(ins_name, kTestIns, Spelling::kExact);
     ui.ShowLine(ins_name);
-    normalised.Open(ins_name, Spelling::kExact);
-    source.OpenRequired(kTestIns);
+    normalised.Open(Folder(), ins_name, Spelling::kExact);
+    source.OpenRequired(Folder(), kTestIns);
   }
   Normalise(ui.line, source, normalised, census);
   normalised.Close();
   ui.ShowLine(ins_name);
-  ins.OpenRequired(ins_name);
-  DeleteExisting(kTestIns);
+  ins.OpenRequired(Folder(), ins_name);
+  Folder().Delete(kTestIns);
   return true;
 }
 

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 #include "textio/FixedText.h"
 #include "textio/FreeForm.h"
 #include "textio/Numbers.h"

@@ -1,7 +1,7 @@
 // The CELL line of a SHELX INS file.
 #pragma once
 
-#include "simulation/UnitCell.h"
+#include "crystal/UnitCell.h"
 #include "textio/InputFile.h"
 
 namespace talven {

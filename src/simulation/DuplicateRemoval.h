@@ -1,7 +1,7 @@
 // Merging of repeated reflections that stand next to each other, as measured data do.
 #pragma once
 
-#include "simulation/ReflectionList.h"
+#include "crystal/ReflectionList.h"
 
 namespace talven {
 

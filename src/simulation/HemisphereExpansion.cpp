@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 
 namespace talven {
 namespace {

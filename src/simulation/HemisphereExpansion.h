@@ -3,9 +3,9 @@
 
 #include <cstdint>
 
-#include "simulation/ReflectionList.h"
+#include "crystal/ReflectionList.h"
+#include "crystal/UnitCell.h"
 #include "simulation/ReflectionSource.h"
-#include "simulation/UnitCell.h"
 #include "ui/Ui.h"
 
 namespace talven {

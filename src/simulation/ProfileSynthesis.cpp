@@ -4,7 +4,7 @@
 #include <cmath>
 #include <span>
 
-#include "simulation/UnitCell.h"
+#include "crystal/UnitCell.h"
 #include "textio/FatalIoError.h"
 #include "textio/Numbers.h"
 

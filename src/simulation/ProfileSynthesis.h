@@ -2,8 +2,8 @@
 // scalings. The four steps are called once each, in this order.
 #pragma once
 
+#include "crystal/ReflectionList.h"
 #include "simulation/PatternGrid.h"
-#include "simulation/ReflectionList.h"
 #include "textio/Array1.h"
 #include "textio/OutputFile.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <optional>
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 #include "textio/FieldInput.h"
 #include "textio/FixedText.h"
 #include "textio/List4Row.h"

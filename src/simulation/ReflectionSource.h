@@ -10,8 +10,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "simulation/ReflectionList.h"
-#include "simulation/UnitCell.h"
+#include "crystal/ReflectionList.h"
+#include "crystal/UnitCell.h"
 #include "textio/InputFile.h"
 #include "ui/Ui.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 #include "simulation/CellLine.h"
 #include "simulation/DuplicateRemoval.h"
 #include "simulation/HemisphereExpansion.h"
@@ -42,12 +42,12 @@ enum class Outcome { kGoOn, kRestart, kEnd };
 
 bool OpenInputs(Simulation& s) {
   s.ui.ShowLine(s.run.JobFile(".INS"));
-  if (!s.files.ins.Open(s.run.JobFile(".INS"))) {
+  if (!s.files.ins.Open(Folder(), s.run.JobFile(".INS"))) {
     s.run.StopFlag = 1;
     s.ui.ShowMessage("INS File NOT Found");
     return false;
   }
-  if (!s.files.source.Open(s.run.JobFile(s.is_fcf ? ".FCF" : ".HKL"))) {
+  if (!s.files.source.Open(Folder(), s.run.JobFile(s.is_fcf ? ".FCF" : ".HKL"))) {
     s.run.StopFlag = 1;
     s.ui.ShowMessage(s.is_fcf ? "FCF File NOT Found" : "HKL File NOT Found");
     return false;
@@ -56,12 +56,12 @@ bool OpenInputs(Simulation& s) {
 }
 
 void OpenOutputs(Simulation& s) {
-  s.files.pattern.ing.Open(s.run.JobFile(".ING"));
-  s.files.scratch.Open(s.run.JobFile(".TMP"));
-  s.files.reflection_list.Open("SBRAG.LST");
-  s.files.pattern.cpi.Open(s.run.JobFile(".CPI"));
-  s.files.pattern.pat.Open(s.run.JobFile(".PAT"));
-  s.files.pattern.xy.Open(s.run.JobFile(".XY"));
+  s.files.pattern.ing.Open(Folder(), s.run.JobFile(".ING"));
+  s.files.scratch.Open(Folder(), s.run.JobFile(".TMP"));
+  s.files.reflection_list.Open(Folder(), "SBRAG.LST");
+  s.files.pattern.cpi.Open(Folder(), s.run.JobFile(".CPI"));
+  s.files.pattern.pat.Open(Folder(), s.run.JobFile(".PAT"));
+  s.files.pattern.xy.Open(Folder(), s.run.JobFile(".XY"));
 }
 
 void CloseFiles(Simulation& s) {

@@ -2,10 +2,10 @@
 // for what a run sets itself.
 #pragma once
 
+#include "crystal/ReflectionList.h"
+#include "crystal/UnitCell.h"
 #include "simulation/PatternGrid.h"
 #include "simulation/ProfileSynthesis.h"
-#include "simulation/ReflectionList.h"
-#include "simulation/UnitCell.h"
 
 namespace talven {
 

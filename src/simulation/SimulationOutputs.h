@@ -3,8 +3,8 @@
 
 #include <string_view>
 
+#include "crystal/ReflectionList.h"
 #include "simulation/PatternGrid.h"
-#include "simulation/ReflectionList.h"
 #include "textio/OutputFile.h"
 #include "ui/LineBuffer.h"
 #include "ui/Toolkit.h"

@@ -1,4 +1,4 @@
-// File names as users and other programs write them, and the files that they mean.
+// File names as users and other programs write them, and what systems do with files in different ways.
 #pragma once
 
 #include <filesystem>
@@ -20,30 +20,9 @@ std::string FromPath(const std::filesystem::path& path);
 /// without a data home. A name that has no drive, and every name on Windows, comes back as it is.
 std::optional<std::filesystem::path> NativePath(std::string_view name);
 
-/// The existing file or folder that a name means: the exact name first, then one that differs in case only (the first
-/// in sorted order), in every part of the path. Nothing if there is none.
-std::optional<std::filesystem::path> FindExisting(std::string_view name);
-
-/// Which existing file is replaced: one that differs in case too, or only one of the very name. The latter is for a
-/// name whose file has just been deleted: another spelling that is still there is somebody else's.
-enum class Spelling { kAny, kExact };
-
-/// The file to write for a name: the existing one, else the name as it stands, below the folders that exist under any
-/// spelling. Nothing for a drive that is none.
-std::optional<std::filesystem::path> FindForWriting(std::string_view name, Spelling spelling = Spelling::kAny);
-
-/// Copies a file, replacing what is there; false if that failed.
-bool CopyExisting(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
-
-/// The same where the copy has to come about: throws FatalIoError if it did not, also where both names mean one file.
-void CopyRequired(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
-
-/// What systems do in different ways: copying a file onto another one or none, which fails where both are the same, and
-/// deleting one, which may be write-protected.
+/// Copying a file onto another one or none, which fails where both are the same, and deleting one, which may be
+/// write-protected.
 std::error_code CopyPath(const std::filesystem::path& from, const std::filesystem::path& to);
 bool RemovePath(const std::filesystem::path& path);
-
-/// Deletes a file; a file that is not there is no error. True if one was deleted.
-bool DeleteExisting(std::string_view name);
 
 }  // namespace talven

@@ -49,7 +49,7 @@ std::size_t TakeNumbers(std::string_view text, std::span<Number> values, std::st
 }
 
 template <typename Number>
-ReadStatus ReadNumbers(InputFile& file, std::span<Number> values, std::string_view& bad) {
+ReadStatus ReadNumbers(TextInput& file, std::span<Number> values, std::string_view& bad) {
   while (!values.empty()) {
     std::string_view line;
     if (!file.ReadLine(line)) return ReadStatus::kEndOfFile;
@@ -60,7 +60,7 @@ ReadStatus ReadNumbers(InputFile& file, std::span<Number> values, std::string_vi
 }
 
 template <typename Number>
-void RequireNumbers(InputFile& file, std::span<Number> values, std::string_view what) {
+void RequireNumbers(TextInput& file, std::span<Number> values, std::string_view what) {
   std::string_view bad;
   const ReadStatus status = ReadNumbers(file, values, bad);
   if (status == ReadStatus::kEndOfFile) file.RequireLine(what);
@@ -68,7 +68,7 @@ void RequireNumbers(InputFile& file, std::span<Number> values, std::string_view 
 }
 
 template <typename Number>
-void ParseNumbers(const InputFile& file, std::string_view text, std::span<Number> values, std::string_view what) {
+void ParseNumbers(const TextInput& file, std::string_view text, std::span<Number> values, std::string_view what) {
   std::string_view bad;
   const std::size_t count = TakeNumbers(text, values, bad);
   if (count == values.size()) return;
@@ -79,28 +79,28 @@ void ParseNumbers(const InputFile& file, std::string_view text, std::span<Number
 
 }  // namespace
 
-ReadStatus ReadReals(InputFile& file, std::span<float> values, std::string_view* bad) {
+ReadStatus ReadReals(TextInput& file, std::span<float> values, std::string_view* bad) {
   std::string_view token;
   const ReadStatus status = ReadNumbers(file, values, token);
   if (bad != nullptr) *bad = token;
   return status;
 }
 
-void RequireReals(InputFile& file, std::span<float> values, std::string_view what) {
+void RequireReals(TextInput& file, std::span<float> values, std::string_view what) {
   RequireNumbers(file, values, what);
 }
 
-std::int32_t RequireWholeNumber(InputFile& file, std::string_view what) {
+std::int32_t RequireWholeNumber(TextInput& file, std::string_view what) {
   std::int32_t value = 0;
   RequireNumbers(file, std::span(&value, 1), what);
   return value;
 }
 
-void ParseReals(const InputFile& file, std::string_view text, std::span<float> values, std::string_view what) {
+void ParseReals(const TextInput& file, std::string_view text, std::span<float> values, std::string_view what) {
   ParseNumbers(file, text, values, what);
 }
 
-void ParseWholeNumbers(const InputFile& file, std::string_view text, std::span<std::int32_t> values,
+void ParseWholeNumbers(const TextInput& file, std::string_view text, std::span<std::int32_t> values,
                        std::string_view what) {
   ParseNumbers(file, text, values, what);
 }

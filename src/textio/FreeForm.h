@@ -5,9 +5,9 @@
 #include <span>
 #include <string_view>
 
-#include "textio/InputFile.h"
-#include "textio/OutputFile.h"
 #include "textio/Record.h"
+#include "textio/TextInput.h"
+#include "textio/TextOutput.h"
 
 namespace talven {
 
@@ -19,16 +19,16 @@ enum class ReadStatus { kOk, kEndOfFile, kMalformed };
 
 /// Reads reals from the next lines of a file. Values before a failing one are stored; `bad` takes the text that is
 /// no number.
-ReadStatus ReadReals(InputFile& file, std::span<float> values, std::string_view* bad = nullptr);
+ReadStatus ReadReals(TextInput& file, std::span<float> values, std::string_view* bad = nullptr);
 
 /// The same where nothing but the numbers will do: throws FatalIoError; `what` names them ("a wavelength").
-void RequireReals(InputFile& file, std::span<float> values, std::string_view what);
-std::int32_t RequireWholeNumber(InputFile& file, std::string_view what);
+void RequireReals(TextInput& file, std::span<float> values, std::string_view what);
+std::int32_t RequireWholeNumber(TextInput& file, std::string_view what);
 
 /// Reads numbers from text in memory, which came from the current line of the file. Throws FatalIoError if a number is
 /// missing or is none; `what` ends the message's "expected 7 numbers ...".
-void ParseReals(const InputFile& file, std::string_view text, std::span<float> values, std::string_view what);
-void ParseWholeNumbers(const InputFile& file, std::string_view text, std::span<std::int32_t> values,
+void ParseReals(const TextInput& file, std::string_view text, std::span<float> values, std::string_view what);
+void ParseWholeNumbers(const TextInput& file, std::string_view text, std::span<std::int32_t> values,
                        std::string_view what);
 
 /// A free-form line of a file: one blank, then the items. An item that would pass column 81 begins a new line, which
@@ -36,7 +36,7 @@ void ParseWholeNumbers(const InputFile& file, std::string_view text, std::span<s
 /// `I12` and a real `G15.6` of Record, with no blank ahead and no limit.)
 class FreeFormLine {
  public:
-  explicit FreeFormLine(OutputFile& file) : file_(file) { record_.X(1); }
+  explicit FreeFormLine(TextOutput& file) : file_(file) { record_.X(1); }
   FreeFormLine& Text(std::string_view text);
   FreeFormLine& Integer(std::int64_t value);
   FreeFormLine& Real(double value);
@@ -45,7 +45,7 @@ class FreeFormLine {
 
  private:
   void MakeRoom(std::size_t width);
-  OutputFile& file_;
+  TextOutput& file_;
   Record record_;
 };
 

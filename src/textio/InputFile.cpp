@@ -6,7 +6,6 @@
 #include <system_error>
 
 #include "textio/FatalIoError.h"
-#include "textio/FileNames.h"
 #include "textio/FixedText.h"
 
 namespace talven {
@@ -27,15 +26,15 @@ bool ReadWhole(std::ifstream& stream, std::uintmax_t expected_size, std::string&
 
 }  // namespace
 
-bool InputFile::Open(std::string_view name) {
+bool InputFile::Open(const Folder& folder, std::string_view name) {
   Close();
   name_ = TrimRight(name);
-  auto path = NativePath(name_);
+  auto path = folder.PathOf(name_);
   if (!path) return false;
   std::error_code error;
   std::uintmax_t size = std::filesystem::file_size(*path, error);
   if (error) {
-    path = FindExisting(name_);
+    path = folder.Find(name_);
     if (!path) return false;
     size = std::filesystem::file_size(*path, error);
   }
@@ -55,47 +54,14 @@ bool InputFile::Open(std::string_view name) {
   return true;
 }
 
-void InputFile::OpenRequired(std::string_view name) {
-  if (!Open(name)) throw FatalIoError(name_ + ": cannot be opened: expected an existing file, found none");
+void InputFile::OpenRequired(const Folder& folder, std::string_view name) {
+  if (!Open(folder, name)) throw FatalIoError(name_ + ": cannot be opened: expected an existing file, found none");
 }
 
 void InputFile::Close() {
   content_.clear();
   content_.shrink_to_fit();
-  position_ = 0;
-  line_number_ = 0;
-}
-
-bool InputFile::ReadLine(std::string_view& line) {
-  if (position_ >= content_.size()) return false;
-  const std::string_view rest = std::string_view(content_).substr(position_);
-  const std::size_t end = rest.find('\n');
-  line = rest.substr(0, end);
-  position_ = end == std::string_view::npos ? content_.size() : position_ + end + 1;
-  while (line.ends_with('\r')) line.remove_suffix(1);
-  ++line_number_;
-  return true;
-}
-
-std::string_view InputFile::RequireLine(std::string_view expected) {
-  std::string_view line;
-  if (!ReadLine(line)) FailAtLine(name_, line_number_ + 1, expected, "end of file");
-  return line;
-}
-
-void InputFile::Rewind() {
-  position_ = content_.starts_with("\xEF\xBB\xBF") ? 3 : 0;
-  line_number_ = 0;
-}
-
-void InputFile::Fail(std::string_view expected, std::string_view found) const {
-  FailAtLine(name_, line_number_, expected, found);
-}
-
-std::string Quote(std::string_view text) {
-  std::string quoted = "\"";
-  for (const char c : text.substr(0, 40)) quoted += c >= ' ' && c <= '~' ? c : '?';
-  return quoted + (text.size() > 40 ? "...\"" : "\"");
+  Rewind();
 }
 
 }  // namespace talven

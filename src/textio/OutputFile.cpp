@@ -5,36 +5,30 @@
 #include <system_error>
 
 #include "textio/FatalIoError.h"
-#include "textio/FileNames.h"
 #include "textio/FixedText.h"
 
 namespace talven {
-namespace {
-
-constexpr std::size_t kBufferSize = 64 * 1024;
-
-}  // namespace
 
 OutputFile::~OutputFile() {
   if (stream_.is_open()) stream_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
 }
 
-void OutputFile::Open(std::string_view name, Spelling spelling) {
-  FindPath(name, spelling);
+void OutputFile::Open(const Folder& folder, std::string_view name, Spelling spelling) {
+  FindPath(folder, name, spelling);
   OpenReplacing();
 }
 
-void OutputFile::OpenOver(std::string_view name) {
-  FindPath(name, Spelling::kAny);
+void OutputFile::OpenOver(const Folder& folder, std::string_view name) {
+  FindPath(folder, name, Spelling::kAny);
   stream_.open(path_, std::ios::binary | std::ios::in);
   is_written_over_ = stream_.is_open();
   if (!is_written_over_) OpenReplacing();
 }
 
-void OutputFile::FindPath(std::string_view name, Spelling spelling) {
+void OutputFile::FindPath(const Folder& folder, std::string_view name, Spelling spelling) {
   if (stream_.is_open()) Close();
   name_ = TrimRight(name);
-  const auto path = FindForWriting(name_, spelling);
+  const auto path = folder.FindForWriting(name_, spelling);
   if (!path) throw FatalIoError(name_ + ": cannot be opened for writing: there is no such drive");
   path_ = *path;
   stream_.rdbuf()->pubsetbuf(nullptr, 0);  // Lines are gathered here, so the stream needs no buffer of its own.
@@ -45,12 +39,6 @@ void OutputFile::OpenReplacing() {
   errno = 0;
   stream_.open(path_, std::ios::binary | std::ios::trunc);
   if (!stream_) Fail("cannot be opened for writing");
-}
-
-void OutputFile::WriteLine(std::string_view line) {
-  buffer_.append(line);
-  buffer_.push_back('\n');
-  if (buffer_.size() >= kBufferSize) Flush();
 }
 
 void OutputFile::Flush() {

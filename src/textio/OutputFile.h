@@ -6,28 +6,24 @@
 #include <string>
 #include <string_view>
 
-#include "textio/FileNames.h"
-#include "textio/Record.h"
+#include "textio/Folder.h"
+#include "textio/TextOutput.h"
 
 namespace talven {
 
 /// A text file that replaces any file of its name. All functions throw FatalIoError if the system refuses.
-class OutputFile {
+class OutputFile : public TextOutput {
  public:
   OutputFile() = default;
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
   /// Writes out what is left without a further check: after a fatal error files stay as far as they came.
-  ~OutputFile();
+  ~OutputFile() override;
 
-  void Open(std::string_view name, Spelling spelling = Spelling::kAny);
+  void Open(const Folder& folder, std::string_view name, Spelling spelling = Spelling::kAny);
   /// The same for a file that other processes may read at any time: what is there stays until it is written over, and
   /// closing cuts off the rest.
-  void OpenOver(std::string_view name);
+  void OpenOver(const Folder& folder, std::string_view name);
   const std::string& Name() const { return name_; }
   bool IsOpen() const { return stream_.is_open(); }
-  void WriteLine(std::string_view line);
-  void WriteLine(const Record& record) { WriteLine(record.Text()); }
   /// Hands what was written to the system, so that others can read it.
   void Flush();
   /// Goes back to the start, and drops what was written: the next line is the first again.
@@ -36,7 +32,8 @@ class OutputFile {
   void CloseAndDelete();
 
  private:
-  void FindPath(std::string_view name, Spelling spelling);
+  void HandOn() override { Flush(); }
+  void FindPath(const Folder& folder, std::string_view name, Spelling spelling);
   void OpenReplacing();
   [[noreturn]] void Fail(std::string_view what) const;
 
@@ -44,7 +41,6 @@ class OutputFile {
   std::filesystem::path path_;
   std::ofstream stream_;
   bool is_written_over_ = false;
-  std::string buffer_;
 };
 
 }  // namespace talven

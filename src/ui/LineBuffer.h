@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "textio/FixedText.h"
-#include "ui/LineCleaner.h"
+#include "textio/LineCleaner.h"
 
 namespace talven {
 

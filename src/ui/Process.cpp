@@ -2,15 +2,15 @@
 
 #include <system_error>
 
-#include "textio/FileNames.h"
+#include "textio/Folder.h"
 
 namespace talven {
 namespace {
 
 std::optional<std::string> FindProgram(std::string_view name) {
   constexpr std::string_view kSuffix = ".exe";
-  auto path = FindExisting(name);
-  if (!path && name.ends_with(kSuffix)) path = FindExisting(name.substr(0, name.size() - kSuffix.size()));
+  auto path = Folder().Find(name);
+  if (!path && name.ends_with(kSuffix)) path = Folder().Find(name.substr(0, name.size() - kSuffix.size()));
   std::error_code error;
   if (!path || std::filesystem::is_directory(*path, error)) return std::nullopt;
   return FromPath(*path);

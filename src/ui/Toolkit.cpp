@@ -163,7 +163,7 @@ std::string Toolkit::IOsDirName() const {
 
 void Toolkit::IOsDirChange(std::string_view directory) {
   std::error_code error;
-  if (const auto path = FindExisting(TrimRight(directory))) std::filesystem::current_path(*path, error);
+  if (const auto path = Folder().Find(TrimRight(directory))) std::filesystem::current_path(*path, error);
 }
 
 CalendarDate Toolkit::IOsDate() const {
@@ -177,11 +177,11 @@ ClockTime Toolkit::IOsTime() const {
 }
 
 void Toolkit::IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling) {
-  CopyExisting(from, to, spelling);
+  Folder().Copy(from, to, spelling);
 }
 
 void Toolkit::IOsDeleteFile(std::string_view name) {
-  DeleteExisting(name);
+  Folder().Delete(name);
 }
 
 int Toolkit::IOsExecute(std::string_view command) {

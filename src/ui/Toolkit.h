@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "textio/FileNames.h"
+#include "textio/Folder.h"
 #include "ui/forms/FormState.h"
 
 namespace talven {

@@ -52,7 +52,7 @@ TEST(ReadPeakList, TellsRowsFromOtherLines) {
         Case{"blank", "      ", ""}, Case{"beyond column 80", "2.5" + std::string(75, ' ') + "1234", "2.5 12 "}}) {
     WriteFile("a.lst", "1 22222\n  Marked\n1 33333\n   Marked\n" + c.peaks + "\n");
     InputFile file;
-    file.OpenRequired("a.lst");
+    file.OpenRequired(Folder(), "a.lst");
     LineCleaner cleaner;
     PeakList list;
     ReadPeakList(file, cleaner, list);

@@ -75,7 +75,7 @@ TEST(BinReflections, AgreesWithThePlainLoopOnRandomLists) {
 TEST(BinReflections, ASumThatTenColumnsCannotHoldIsFatal) {
   test::TestDirectory directory;
   auto bench = std::make_unique<Bench>(2);
-  bench->scratch.Open("x.TMP");
+  bench->scratch.Open(Folder(), "x.TMP");
   bench->Add(4.06F, 999'999'900.0F);
   EXPECT_NO_THROW(bench->Bin());
   bench->Add(4.06F, 200.0F);

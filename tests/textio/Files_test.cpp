@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "support/TestFiles.h"
-#include "textio/FileNames.h"
 #include "textio/FreeForm.h"
+#include "textio/InputFile.h"
 #include "textio/List4Row.h"
+#include "textio/OutputFile.h"
 
 namespace talven::test {
 namespace {
@@ -14,7 +15,7 @@ struct Files : testing::Test, TestDirectory {};
 
 std::string LinesOf(const std::string& name) {
   InputFile file;
-  if (!file.Open(name)) return "(not open)";
+  if (!file.Open(Folder(), name)) return "(not open)";
   std::string lines;
   std::string_view line;
   while (file.ReadLine(line)) lines.append("<").append(line).append(">");
@@ -42,9 +43,9 @@ TEST_F(Files, NamesAreComparedWithoutCase) {
   EXPECT_EQ(LinesOf("Job.fcf"), "<first in order>");
   EXPECT_EQ(LinesOf("job.FCF   "), "<second>") << "the exact name wins";
   EXPECT_EQ(LinesOf("CL\xC3\xA4RA/X.INS"), "<folder>");
-  OutputFile().Open("JoB.fCf");
+  OutputFile().Open(Folder(), "JoB.fCf");
   EXPECT_EQ(ReadFile("JOB.Fcf"), "") << "replaced under the name that it has";
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(DeleteExisting("jOb.FcF"), i < 2);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(Folder().Delete("jOb.FcF"), i < 2);
 }
 
 TEST_F(Files, DrivesLieInTheDataHome) {
@@ -54,7 +55,7 @@ TEST_F(Files, DrivesLieInTheDataHome) {
                                    Row{"/:\\x", Drive() / "x"}, Row{"plain.ins", "plain.ins"}})
     EXPECT_EQ(NativePath(name), path);
   for (const char* none : {" :\\x", "1:\\x", "\\:\\x"}) EXPECT_FALSE(NativePath(none)) << none;
-  EXPECT_EQ(FindExisting("C:\\EXE\\veldor\\dir.def"), Drive() / "exe/VELDOR/DIR.DEF");
+  EXPECT_EQ(Folder().Find("C:\\EXE\\veldor\\dir.def"), Drive() / "exe/VELDOR/DIR.DEF");
 }
 
 TEST_F(Files, EveryFailingWriteIsFatal) {
@@ -69,7 +70,7 @@ TEST_F(Files, EveryFailingWriteIsFatal) {
         Row{"9:\\x", 0, "9:\\x: cannot be opened for writing: there is no such drive"}}) {
     OutputFile file;
     EXPECT_EQ(ErrorOf([&, file_name = name, count = lines] {
-                file.Open(file_name);
+                file.Open(Folder(), file_name);
                 for (int i = 0; i < count; ++i) file.WriteLine("a line");
                 file.Close();
               }),
@@ -90,7 +91,7 @@ TEST(List4Row, TellsTheLayoutsApart) {
 TEST_F(Files, FreeFormReadsFromAFileOverLinesUntilAllValuesAreThere) {
   WriteFile("a.txt", "\n 1.5, 2 3/4\tignored\n\n\n5\r\n6/1D2 seven\n8 x 9\n10");
   InputFile file;
-  file.OpenRequired("A.TXT");
+  file.OpenRequired(Folder(), "A.TXT");
   using Row = std::tuple<ReadStatus, float, float>;
   // The rest of a line is left; what stands before a bad text is stored.
   for (const auto& [status, first, second] :
@@ -105,7 +106,7 @@ TEST_F(Files, FreeFormReadsFromAFileOverLinesUntilAllValuesAreThere) {
 TEST_F(Files, FreeFormFatalErrorsNameFileLineAndText) {
   WriteFile("a.ing", "1.54x\n5.5\n");
   InputFile file;
-  file.OpenRequired("a.ing");
+  file.OpenRequired(Folder(), "a.ing");
   std::array<float, 3> three{};
   EXPECT_EQ(ErrorOf([&] { RequireReals(file, three, "three"); }), "a.ing, line 1: expected three, found \"1.54x\"");
   EXPECT_EQ(ErrorOf([&] { RequireWholeNumber(file, "a count"); }), "a.ing, line 2: expected a count, found \"5.5\"");
@@ -116,7 +117,7 @@ TEST_F(Files, FreeFormFatalErrorsNameFileLineAndText) {
 
 TEST_F(Files, FreeFormLinesOfAFileAreBrokenAtColumn81) {
   OutputFile file;
-  file.Open("log");
+  file.Open(Folder(), "log");
   FreeFormLine(file).Text(" SAREA").Real(26008.6F).Integer(-7).Real(0.0).End();
   const std::string ten(10, 'a'), seventy(70, 'b'), ninety(90, 'c');
   FreeFormLine(file).Text(seventy).Text(ten).Text("c").End();

@@ -6,8 +6,8 @@
 #include <system_error>
 
 #include "textio/FatalIoError.h"
-#include "textio/FileNames.h"
 #include "textio/FixedText.h"
+#include "textio/Folder.h"
 #include "ui/Process.h"
 #include "ui/console/FormDialogue.h"
 
@@ -27,7 +27,7 @@ std::filesystem::path ChosenPath(std::string_view answer, std::string_view propo
   auto path = written;
   auto type = std::filesystem::status(path, error).type();
   if (type == std::filesystem::file_type::not_found) {
-    path = FindForWriting(answer).value_or(path);
+    path = Folder().FindForWriting(answer).value_or(path);
     type = std::filesystem::status(path, error).type();
   }
   if (type == std::filesystem::file_type::directory) return path / ToPath(proposed_name).filename();

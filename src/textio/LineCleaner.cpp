@@ -1,4 +1,4 @@
-#include "ui/LineCleaner.h"
+#include "textio/LineCleaner.h"
 
 namespace talven {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "simulation/UnitCell.h"
+#include "crystal/UnitCell.h"
 
 namespace talven {
 

@@ -1,4 +1,4 @@
-#include "simulation/CellGeometry.h"
+#include "crystal/CellGeometry.h"
 
 #include <gtest/gtest.h>
 
