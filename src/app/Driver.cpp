@@ -4,8 +4,8 @@
 
 #include "app/StartUp.h"
 #include "comparison/ComparePatterns.h"
+#include "handlers/SimulatePattern.h"
 #include "patterns/IngToCif.h"
-#include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
 
 namespace talven {
@@ -16,10 +16,10 @@ constexpr int kCompareField = 1015;
 constexpr std::int32_t kUnattendedOption = 5;
 
 void SimulateFromHkl(Ui& ui, Program& program) {
-  SimulatePattern(ui, program.run, *program.simulation, 0, program.run.Properties);
+  SimulatePattern(ui, program.run, *program.simulation, kHklSource);
 }
 void SimulateFromFcf(Ui& ui, Program& program) {
-  SimulatePattern(ui, program.run, *program.simulation, 1, program.run.Properties);
+  SimulatePattern(ui, program.run, *program.simulation, kFcfSource);
 }
 void WriteDummyHkl(Ui& ui, Program& program) {
   InsToDummyHkl(ui, program.run, program.ins_to_dummy_hkl, program.fcf_to_hkl, *program.simulation);

@@ -4,13 +4,13 @@
 #include <memory>
 
 #include "comparison/ComparePatterns.h"
+#include "handlers/FcfToHkl.h"
+#include "handlers/InsToDummyHkl.h"
 #include "patterns/CifToIng.h"
 #include "patterns/IngToTxt.h"
 #include "patterns/ReformatIng.h"
 #include "patterns/TxtToIng.h"
-#include "shelx/FcfToHkl.h"
-#include "shelx/InsToDummyHkl.h"
-#include "simulation/SimulationData.h"
+#include "simulation/Simulation.h"
 #include "ui/RunState.h"
 
 namespace talven {

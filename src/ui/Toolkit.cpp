@@ -176,14 +176,6 @@ ClockTime Toolkit::IOsTime() const {
   return {now.tm_hour, now.tm_min, now.tm_sec};
 }
 
-void Toolkit::IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling) {
-  Folder().Copy(from, to, spelling);
-}
-
-void Toolkit::IOsDeleteFile(std::string_view name) {
-  Folder().Delete(name);
-}
-
 int Toolkit::IOsExecute(std::string_view command) {
   WindowClose();
   if (StartDetached(command)) return kExitNormal;
