@@ -16,10 +16,10 @@ void DeleteOldFcf(const RunState& run) {
 }
 
 /// For a job named DUMMY there is then no list left, and the copy fails without a word.
-void ReplaceJobList(Toolkit& toolkit, const RunState& run) {
+void ReplaceJobList(const RunState& run) {
   const std::string list = run.JobFile(".HKL");
-  toolkit.IOsDeleteFile(list);
-  toolkit.IOsCopyFile(kDummyList, list, Spelling::kExact);
+  run.folder.Delete(list);
+  run.folder.Copy(kDummyList, list, Spelling::kExact);
 }
 
 /// As in `C:\exe\kvrl97.exe ABC C: AUTO`. Whether it could be started, and its exit code, show in the FCF alone.
@@ -35,11 +35,11 @@ void RunRefinement(Toolkit& toolkit, const RunState& run) {
 void AutomaticRun(Ui& ui, RunState& run, FcfToHklData& fcf_to_hkl, SimulationData& simulation,
                   PatternProperties& properties) {
   DeleteOldFcf(run);
-  ReplaceJobList(ui.toolkit, run);
+  ReplaceJobList(run);
   RunRefinement(ui.toolkit, run);
   ui.toolkit.WGrAreaClear();
   FcfToHkl(ui, run, fcf_to_hkl, run.AutoState);
-  ReplaceJobList(ui.toolkit, run);
+  ReplaceJobList(run);
   SimulatePattern(ui, run, simulation, 0, properties);
 }
 

@@ -5,16 +5,18 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "textio/Folder.h"
-#include "ui/forms/FormState.h"
+#include "textio/CalendarTime.h"
+#include "ui/forms/FormSpec.h"
 
 namespace talven {
+
+class FormState;
 
 struct WindowRecord {
   int flags = 0;
@@ -46,18 +48,6 @@ struct MessageButton {
 };
 std::vector<MessageButton> MessageButtons(MessageType type);
 
-struct CalendarDate {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-};
-
-struct ClockTime {
-  int hour = 0;
-  int minute = 0;
-  int second = 0;
-};
-
 /// What WDialogQuery can be asked.
 inline constexpr int kExitButtonQuery = 1;
 inline constexpr int kCurrentDialogQuery = 3;
@@ -80,7 +70,7 @@ class Toolkit {
  public:
   /// `arguments` are those of the process, the program's own path first.
   explicit Toolkit(const std::vector<std::string>& arguments);
-  virtual ~Toolkit() = default;
+  virtual ~Toolkit();
   Toolkit(const Toolkit&) = delete;
   Toolkit& operator=(const Toolkit&) = delete;
 
@@ -129,8 +119,6 @@ class Toolkit {
   virtual ClockTime IOsTime() const;
   /// Waits while the window is served; 0 does nothing.
   virtual void IOsWait(int hundredths) = 0;
-  void IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
-  void IOsDeleteFile(std::string_view name);
   /// Starts a program; with flag 2 returns when it has finished, with its exit code, or nothing if it could not be
   /// started.
   virtual std::optional<int> IOsCommand(std::string_view command, int flags) = 0;
@@ -156,11 +144,13 @@ class Toolkit {
   virtual std::optional<std::string> AskFile(const FileRequest& request) = 0;
 
  private:
-  FormState* Current();
-  const FormState* Current() const;
+  FormState* Find(int id);
+  FormState* Current() { return Find(current_form_); }
+  const FormState* Current() const { return const_cast<Toolkit*>(this)->Current(); }
 
   std::vector<std::string> arguments_;
-  std::map<int, FormState> forms_;
+  /// The loaded forms; each stays where it is until it is unloaded.
+  std::list<FormState> forms_;
   int current_form_ = 0;
   int exit_button_ = 0;
   int outcome_ = 0;
