@@ -3,13 +3,11 @@
 
 #include <memory>
 
-#include "comparison/ComparePatterns.h"
+#include "handlers/ComparePatterns.h"
 #include "handlers/FcfToHkl.h"
 #include "handlers/InsToDummyHkl.h"
-#include "patterns/CifToIng.h"
-#include "patterns/IngToTxt.h"
-#include "patterns/ReformatIng.h"
-#include "patterns/TxtToIng.h"
+#include "patterns/Reformat.h"
+#include "patterns/SmallCif.h"
 #include "simulation/Simulation.h"
 #include "ui/RunState.h"
 
@@ -34,11 +32,9 @@ struct Program {
   OnDemand<SimulationData> simulation;
   InsToDummyHklData ins_to_dummy_hkl;
   FcfToHklData fcf_to_hkl;
-  CifToIngData cif_to_ing;
-  OnDemand<ReformatData> reformat;
-  OnDemand<IngToTxtData> ing_to_txt;
-  OnDemand<TxtToIngData> txt_to_ing;
-  ComparisonData comparison;
+  SmallCifNames cif_names;
+  OnDemand<ReformatWork> reformat;
+  ComparisonSession comparison;
 };
 
 }  // namespace talven

@@ -1,7 +1,7 @@
 #include "handlers/PatternForm.h"
 
 #include "ui/forms/FormCatalogue.h"
-#include "ui/forms/PatternFields.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
