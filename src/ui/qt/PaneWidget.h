@@ -60,7 +60,9 @@ class PaneWidget : public QWidget {
   void AddAction(const QString& text, QKeySequence::StandardKey key, void (PaneWidget::*action)());
   void SelectAll();
   void Copy() { CopySelection(); }
-  /// The font in which a full line fits the present size.
+  /// Whole pixels from one line to the next.
+  double LinePitch() const;
+  /// The widget's font in the size in which a full line fits the width and lines don't touch.
   QFont PaneFont() const;
   QRectF LineRect(const Line& line, const QFontMetricsF& metrics) const;
   int Length() const;

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -141,20 +142,28 @@ TEST(FormDialog, RadioButtonsHaveNumbersAndOnlyAFormWithExitCanBeEscapedFrom) {
   EXPECT_EQ(job.state.Text(1005), "abc") << "the proposed name is selected, so that typing replaces it";
 }
 
-TEST(PaneWidget, AFullPageOfFullLinesFitsEverySize) {
-  for (const QSize size : {QSize(300, 200), QSize(640, 650), QSize(2000, 700), QSize(500, 1900)}) {
-    PaneWidget pane;
-    pane.resize(size);
-    for (int line = 0; line < 42; ++line) pane.DrawTextAt(5.0, 290.0 - 7.0 * line, QString(80, 'W'));
-    const QRect first = pane.CharacterRect(0), last = pane.CharacterRect(41 * 81 + 79);
-    EXPECT_TRUE(pane.rect().contains(first) && pane.rect().contains(last)) << size.width() << ' ' << last.right();
-    EXPECT_NEAR(first.left(), size.width() * 0.05, 1.0);
-    EXPECT_NEAR(first.center().y(), size.height() * 10.0 / 300.0, 3.0);
-    EXPECT_NEAR(last.center().y(), size.height() * 297.0 / 300.0, 3.0);
-    EXPECT_LE(first.height(), pane.CharacterRect(81).top() - first.top() + 2) << "lines don't cover each other";
-    const QImage full = pane.grab(last).toImage();
-    pane.Clear();
-    EXPECT_NE(pane.grab(last).toImage(), full);
+TEST(PaneWidget, AFullPageOfFullLinesFitsEverySizeInEveryFont) {
+  QStringList families = {QFontDatabase::systemFont(QFontDatabase::FixedFont).family(), QFont().family()};
+  for (const QString& family : QFontDatabase::families())
+    if (QFontDatabase::isFixedPitch(family)) families += family;
+  for (const QString& family : families) {
+    for (const QSize size : {QSize(300, 200), QSize(640, 650), QSize(2000, 700), QSize(500, 1900)}) {
+      SCOPED_TRACE(family.toStdString() + " " + std::to_string(size.width()));
+      PaneWidget pane;
+      pane.setFont(QFont(family));
+      pane.resize(size);
+      for (int line = 0; line < 42; ++line) pane.DrawTextAt(5.0, 290.0 - 7.0 * line, QString(80, '0'));
+      const QRect first = pane.CharacterRect(0), last = pane.CharacterRect(41 * 81 + 79);
+      EXPECT_TRUE(pane.rect().contains(first) && pane.rect().contains(last)) << last.right() << ' ' << last.bottom();
+      EXPECT_NEAR(first.left(), size.width() * 0.05, 1.0);
+      EXPECT_NEAR(first.center().y(), size.height() * 10.0 / 300.0, 3.0);
+      EXPECT_NEAR(last.center().y(), size.height() * 297.0 / 300.0, 3.0);
+      for (int line = 1; line < 42; ++line)
+        EXPECT_GT(pane.CharacterRect(line * 81).top(), pane.CharacterRect((line - 1) * 81).bottom()) << line;
+      const QImage full = pane.grab(last).toImage();
+      pane.Clear();
+      EXPECT_NE(pane.grab(last).toImage(), full);
+    }
   }
 }
 
