@@ -19,6 +19,7 @@ constexpr double kColumns = 80.0;
 constexpr double kLineShare = 0.95;
 /// Logical distance of the lines of a page, which no font's line is higher than.
 constexpr double kLineStep = 7.0;
+constexpr double kSmallestPoints = 8.0;
 
 QString WithoutTrailingBlanks(QString text) {
   while (text.endsWith(QLatin1Char(' '))) text.chop(1);
@@ -164,12 +165,28 @@ int PaneWidget::OffsetAt(QPointF point) const {
   return nearest->start + static_cast<int>(std::clamp(column, 0.0, static_cast<double>(nearest->text.size())));
 }
 
+QSize PaneWidget::PageFor(const QFont& font) const {
+  const QFontMetricsF metrics(font);
+  const double width = metrics.horizontalAdvance(QLatin1Char('0')) / std::min(character_width_, kLineShare / kColumns);
+  const double line = std::ceil(metrics.height()) * units_.height() / kLineStep;
+  const double letter = QFontInfo(font).pixelSize() / character_height_;
+  return {static_cast<int>(std::ceil(width)) + 1, static_cast<int>(std::ceil(std::max(line, letter))) + 1};
+}
+
+QSize PaneWidget::SmallestPage() const {
+  QFont small = font();
+  small.setPointSizeF(std::min(kSmallestPoints, small.pointSizeF()));
+  return PageFor(small);
+}
+
 QSize PaneWidget::sizeHint() const {
-  const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  const double column = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0'));
-  const double letter = QFontInfo(font).pixelSize();
-  return {static_cast<int>(std::ceil(column * kColumns / kLineShare)) + 1,
-          static_cast<int>(std::ceil(letter / character_height_))};
+  return PageFor(font());
+}
+
+QRect PaneWidget::LastLine() const {
+  if (lines_.empty()) return {};
+  const QRect line = LineRect(lines_.back(), QFontMetricsF(PaneFont())).toAlignedRect();
+  return {line.left(), line.top(), std::max(line.width(), 1), line.height()};
 }
 
 void PaneWidget::paintEvent(QPaintEvent* /*event*/) {

@@ -40,6 +40,11 @@ class PaneWidget : public QWidget {
   int OffsetAt(QPointF point) const;
   void CopySelection() const;
 
+  /// Where the line that was drawn last stands; empty for none.
+  QRect LastLine() const;
+
+  /// The size in which a page has letters of 8 points, the smallest that are read with ease.
+  QSize SmallestPage() const;
   QSize sizeHint() const override;
 
  protected:
@@ -66,6 +71,7 @@ class PaneWidget : public QWidget {
   QFont PaneFont() const;
   QRectF LineRect(const Line& line, const QFontMetricsF& metrics) const;
   int Length() const;
+  QSize PageFor(const QFont& font) const;
 
   QRectF units_{0.0, 0.0, 100.0, 300.0};
   double character_width_ = 0.012;
