@@ -104,6 +104,9 @@ class Toolkit {
   void WDialogPutInteger(int field, std::int32_t value);
   void WDialogPutReal(int field, float value, std::optional<RealFormat> format = {});
 
+  /// The job of the session is known: for toolkits that show it.
+  virtual void JobSettled(std::string_view /*job*/) {}
+
   // Questions. The outcome stands in WDialogQuery(4).
   void WMessageBox(const Message& message);
   /// `name` goes in as the proposed name and comes back as the full path; on cancel it is unchanged.
