@@ -137,11 +137,11 @@ bool PlaceFour(std::span<char> field, std::int64_t value) {
   return true;
 }
 
-/// The same as PlaceFixed in a field of 9 to 16 columns, for up to eight digits and seven decimals, in less time. False
+/// The same as PlaceFixed in a field of 8 to 16 columns, for up to eight digits and seven decimals, in less time. False
 /// where that is not so, or where the number does not fit with a zero before its point.
 bool PlaceEight(std::span<char> field, bool negative, std::uint32_t whole, int decimals) {
   if (std::endian::native != std::endian::little) return false;
-  if (field.size() < 9 || field.size() > 16 || decimals > 7 || whole > 99'999'999) return false;
+  if (field.size() < 8 || field.size() > 16 || decimals > 7 || whole > 99'999'999) return false;
   constexpr char kBlanks[] = "        ";
   const std::uint64_t digits = EightDigits(whole);
   const int zeros = std::min(std::countr_zero(digits) / 8, 7 - decimals);
@@ -157,11 +157,17 @@ bool PlaceEight(std::span<char> field, bool negative, std::uint32_t whole, int d
     ahead = below | std::uint64_t{'.'} << point | (text - below) << 8;
     last = static_cast<char>(text >> 56);
   }
-  char* const begin = field.data() + field.size() - 9;
-  std::memcpy(field.data(), kBlanks, 8);
-  std::memcpy(begin, &ahead, 8);
-  begin[8] = last;
-  if (negative) begin[zeros - 1] = '-';
+  // Nine characters stand at the right end; in a field of eight the first of them is a blank.
+  char* const end = field.data() + field.size();
+  if (field.size() == 8) {
+    ahead = ahead >> 8 | static_cast<std::uint64_t>(last) << 56;
+    std::memcpy(end - 8, &ahead, 8);
+  } else {
+    std::memcpy(field.data(), kBlanks, 8);
+    std::memcpy(end - 9, &ahead, 8);
+    end[-1] = last;
+  }
+  if (negative) *(end - 10 + zeros) = '-';
   return true;
 }
 
@@ -264,15 +270,12 @@ void FormatG(std::span<char, 15> field, double value) {
   }
   if (!(magnitude >= 0.1 && magnitude < 1e6)) return FormatE(field, value, 6);
   int decimals = DecimalsOfSix(magnitude);
-  auto whole = ScaleAndRound(magnitude, decimals);
-  if (whole == 1'000'000U) {
+  if (ScaleAndRound(magnitude, decimals) == 1'000'000U) {
     // Rounding gave a seventh digit: it is again six digits, one place further left.
     if (decimals == 0) return FormatE(field, value, 6);
     --decimals;
-    whole = 100'000U;
   }
-  if (!PlaceEight(number, std::signbit(value), static_cast<std::uint32_t>(*whole), decimals))
-    PlaceFixed(number, std::signbit(value), *whole, decimals);
+  FormatF(number, value, decimals);
   std::fill(blanks.begin(), blanks.end(), ' ');
 }
 
