@@ -5,10 +5,11 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string_view>
+
+#include "textio/ShortFields.h"
 
 namespace talven {
 namespace {
@@ -111,60 +112,6 @@ char* PutDigits(char* end, std::uint64_t& whole, std::size_t count) {
   return end;
 }
 
-/// The eight digits of a number below 10^8, a byte each, the first in the lowest. All are found at once, in lanes of
-/// 32, 16 and 8 bits; the factors stand for divisions by 100 and 10, exact for what a lane can hold.
-std::uint64_t EightDigits(std::uint32_t number) {
-  const std::uint64_t fours = number / 10'000 | static_cast<std::uint64_t>(number % 10'000) << 32;
-  const std::uint64_t hundreds = (fours * 10'486 >> 20) & 0x0000'007F'0000'007F;
-  const std::uint64_t twos = hundreds | (fours - hundreds * 100) << 16;
-  const std::uint64_t tens = (twos * 103 >> 10) & 0x000F'000F'000F'000F;
-  return tens | (twos - tens * 10) << 8;
-}
-
-/// A whole number of up to four digits in a field of 4 columns, found as in EightDigits; false for any other.
-bool PlaceFour(std::span<char> field, std::int64_t value) {
-  if (std::endian::native != std::endian::little || field.size() != 4 || value > 9999 || value < -999) return false;
-  const auto number = static_cast<std::uint32_t>(std::abs(value));
-  const std::uint32_t hundreds = number * 10'486 >> 20;
-  const std::uint32_t twos = hundreds | (number - hundreds * 100) << 16;
-  const std::uint32_t tens = (twos * 103 >> 10) & 0x000F'000F;
-  const std::uint32_t digits = tens | (twos - tens * 10) << 8;
-  const int zeros = std::min(std::countr_zero(digits) / 8, 3);
-  const std::uint32_t leading = (std::uint32_t{1} << 8 * zeros) - 1;
-  const std::uint32_t text = digits + (0x3030'3030 ^ (leading & 0x1010'1010));
-  std::memcpy(field.data(), &text, 4);
-  if (value < 0) field[static_cast<std::size_t>(zeros - 1)] = '-';
-  return true;
-}
-
-/// The same as PlaceFixed in a field of 9 to 16 columns, for up to eight digits and seven decimals, in less time. False
-/// where that is not so, or where the number does not fit with a zero before its point.
-bool PlaceEight(std::span<char> field, bool negative, std::uint32_t whole, int decimals) {
-  if (std::endian::native != std::endian::little) return false;
-  if (field.size() < 9 || field.size() > 16 || decimals > 7 || whole > 99'999'999) return false;
-  constexpr char kBlanks[] = "        ";
-  const std::uint64_t digits = EightDigits(whole);
-  const int zeros = std::min(std::countr_zero(digits) / 8, 7 - decimals);
-  if (static_cast<std::size_t>(9 - zeros + (negative ? 1 : 0)) > field.size()) return false;
-  // '0' and ' ' differ in one bit.
-  const std::uint64_t leading = (std::uint64_t{1} << 8 * zeros) - 1;
-  const std::uint64_t text = digits + (0x3030'3030'3030'3030 ^ (leading & 0x1010'1010'1010'1010));
-  std::uint64_t ahead = text;
-  char last = '.';
-  if (decimals > 0) {
-    const int point = 8 * (8 - decimals);
-    const std::uint64_t below = text & ((std::uint64_t{1} << point) - 1);
-    ahead = below | std::uint64_t{'.'} << point | (text - below) << 8;
-    last = static_cast<char>(text >> 56);
-  }
-  char* const begin = field.data() + field.size() - 9;
-  std::memcpy(field.data(), kBlanks, 8);
-  std::memcpy(begin, &ahead, 8);
-  begin[8] = last;
-  if (negative) begin[zeros - 1] = '-';
-  return true;
-}
-
 /// Writes sign, digits and point of a number whose digits are those of `whole` with the point before the last
 /// `decimals` of them.
 void PlaceFixed(std::span<char> field, bool negative, std::uint64_t whole, int decimals) {
@@ -184,17 +131,6 @@ void PlaceFixed(std::span<char> field, bool negative, std::uint64_t whole, int d
   if (negative) *--p = '-';
 }
 
-/// Writes a stored real by PlaceEight, if it can; its product with a power of ten is exact (see ScaleAndRound).
-bool PlaceStored(std::span<char> field, double value, int decimals) {
-  const double magnitude = std::fabs(value);
-  if (decimals > 7 || static_cast<double>(static_cast<float>(magnitude)) != magnitude) return false;
-  const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
-  if (!(scaled < 99'999'999.0)) return false;
-  const auto whole = static_cast<std::int32_t>(scaled);
-  const std::int32_t rounded = scaled - whole >= 0.5 ? whole + 1 : whole;
-  return PlaceEight(field, std::signbit(value), static_cast<std::uint32_t>(rounded), decimals);
-}
-
 /// Six significant digits in fixed notation: how many of them are decimals, for 0.1 <= magnitude < 1000000.
 int DecimalsOfSix(double magnitude) {
   int decimals = 6;
@@ -205,7 +141,6 @@ int DecimalsOfSix(double magnitude) {
 }  // namespace
 
 void FormatI(std::span<char> field, std::int64_t value) {
-  if (PlaceFour(field, value)) return;
   const auto bits = static_cast<std::uint64_t>(value);
   std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
   const std::size_t digits = magnitude == 0 ? 1 : CountDigits(magnitude);
@@ -216,7 +151,7 @@ void FormatI(std::span<char> field, std::int64_t value) {
 }
 
 void FormatF(std::span<char> field, double value, int decimals) {
-  if (PlaceStored(field, value, decimals) || FormatSpecial(field, value)) return;
+  if (FormatSpecial(field, value)) return;
   const auto whole = ScaleAndRound(std::fabs(value), decimals);
   if (!whole) return Asterisks(field);
   PlaceFixed(field, std::signbit(value), *whole, decimals);
@@ -264,15 +199,12 @@ void FormatG(std::span<char, 15> field, double value) {
   }
   if (!(magnitude >= 0.1 && magnitude < 1e6)) return FormatE(field, value, 6);
   int decimals = DecimalsOfSix(magnitude);
-  auto whole = ScaleAndRound(magnitude, decimals);
-  if (whole == 1'000'000U) {
+  if (ScaleAndRound(magnitude, decimals) == 1'000'000U) {
     // Rounding gave a seventh digit: it is again six digits, one place further left.
     if (decimals == 0) return FormatE(field, value, 6);
     --decimals;
-    whole = 100'000U;
   }
-  if (!PlaceEight(number, std::signbit(value), static_cast<std::uint32_t>(*whole), decimals))
-    PlaceFixed(number, std::signbit(value), *whole, decimals);
+  if (!PlaceShort(number, value, decimals)) FormatF(number, value, decimals);
   std::fill(blanks.begin(), blanks.end(), ' ');
 }
 

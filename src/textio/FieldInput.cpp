@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
+#include <cstring>
+#include <limits>
 #include <string>
 
 namespace talven {
@@ -145,6 +148,62 @@ std::optional<float> ReadShort(std::string_view text, bool needs_point = false) 
   return negative ? -magnitude : magnitude;
 }
 
+/// The characters of a field at once, the first in the lowest byte.
+template <typename Word>
+Word Load(const char* characters) {
+  Word word = 0;
+  std::memcpy(&word, characters, sizeof word);
+  return word;
+}
+
+/// Turns characters into digits, a byte each: blanks ahead of the first digit and a minus sign between them and it
+/// become 0. False for any other text.
+template <typename Word>
+bool TakeColumns(Word text, Word& digits, bool& negative) {
+  constexpr Word kEach = static_cast<Word>(~Word{0}) / 0xFF;
+  // Of the characters allowed the digits alone have this bit.
+  const int ahead = std::countr_zero(text & kEach * 0x10) / 8 * 8;
+  if (ahead == std::numeric_limits<Word>::digits) return false;
+  const Word leading = (Word{1} << ahead) - 1;
+  const Word not_blank = (text ^ kEach * ' ') & leading;
+  negative = not_blank != 0;
+  if (negative && not_blank != Word{' ' ^ '-'} << (ahead - 8)) return false;
+  digits = (text ^ kEach * '0') & ~leading;
+  return ((digits | (digits + kEach * (0x80 - 10))) & kEach * 0x80) == 0;
+}
+
+/// A whole number that stands at the right end of four columns; nothing for any other field.
+std::optional<std::int32_t> ReadFourColumns(std::string_view field) {
+  if (std::endian::native != std::endian::little || field.size() != 4) return std::nullopt;
+  std::uint32_t digits = 0;
+  bool negative = false;
+  if (!TakeColumns(Load<std::uint32_t>(field.data()), digits, negative)) return std::nullopt;
+  const std::uint32_t pairs = digits * 10 + (digits >> 8);
+  const auto magnitude = static_cast<std::int32_t>((pairs & 0xFF) * 100 + (pairs >> 16 & 0xFF));
+  return negative ? -magnitude : magnitude;
+}
+
+/// A number as `F8.2` or a wider field with two decimals shows it, of at most seven digits; nothing for any other
+/// field.
+std::optional<float> ReadTwoDecimals(std::string_view field) {
+  constexpr std::size_t kSeen = 8;
+  if (std::endian::native != std::endian::little || field.size() < kSeen || field[field.size() - 3] != '.')
+    return std::nullopt;
+  for (const char c : field.substr(0, field.size() - kSeen))
+    if (c != ' ') return std::nullopt;
+  const auto text = Load<std::uint64_t>(field.data() + field.size() - kSeen);
+  // The point goes, and the five characters ahead of it move into its place.
+  const std::uint64_t closed = (text & 0xFFFF'0000'0000'0000) | (text & 0xFF'FFFF'FFFF) << 8 | std::uint64_t{' '};
+  std::uint64_t digits = 0;
+  bool negative = false;
+  if (!TakeColumns(closed, digits, negative)) return std::nullopt;
+  const std::uint64_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
+  const std::uint64_t fours = (pairs * 100 + (pairs >> 16)) & 0x0000'FFFF'0000'FFFF;
+  const auto whole = static_cast<std::int32_t>((fours & 0xFFFF) * 10'000 + (fours >> 32));
+  const float magnitude = static_cast<float>(whole) / 100.0F;
+  return negative ? -magnitude : magnitude;
+}
+
 /// A whole number of at most nine digits with blanks ahead of it alone; nothing for any other.
 std::optional<std::int32_t> ReadShortWhole(std::string_view field) {
   const char* p = field.data();
@@ -163,6 +222,7 @@ std::optional<std::int32_t> ReadShortWhole(std::string_view field) {
 }  // namespace
 
 std::optional<std::int32_t> ReadI(std::string_view field) {
+  if (const auto value = ReadFourColumns(field)) return value;
   if (const auto value = ReadShortWhole(field)) return value;
   bool negative = false;
   bool signed_field = false;
@@ -188,6 +248,7 @@ std::optional<std::int32_t> ReadI(std::string_view field) {
 }
 
 std::optional<float> ReadF(std::string_view field, int decimals) {
+  if (const auto value = ReadTwoDecimals(field)) return value;
   std::string_view text = field;
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);

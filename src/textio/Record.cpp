@@ -5,6 +5,12 @@
 
 namespace talven {
 
+std::span<char> Record::TakeRest() {
+  const std::span<char> rest(characters_.data() + length_, kCapacity - length_);
+  length_ = kCapacity;
+  return rest;
+}
+
 Record& Record::X(std::size_t count) {
   constexpr char kBlanks[] = "        ";
   if (count <= 8 && length_ + 8 <= kCapacity) {

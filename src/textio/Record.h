@@ -1,7 +1,6 @@
 // One line of output, built from left to right out of fields that follow each other with nothing between them.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +8,7 @@
 #include <string_view>
 
 #include "textio/FieldFormat.h"
+#include "textio/ShortFields.h"
 
 namespace talven {
 
@@ -23,11 +23,13 @@ class Record {
   /// The whole text.
   Record& A(std::string_view text);
   Record& I(std::int64_t value, std::size_t width) {
-    FormatI(Take(width), value);
+    const auto field = Take(width);
+    if (!PlaceFour(field, value)) FormatI(field, value);
     return *this;
   }
   Record& F(double value, std::size_t width, int decimals) {
-    FormatF(Take(width), value, decimals);
+    const auto field = Take(width);
+    if (!PlaceShort(field, value, decimals)) FormatF(field, value, decimals);
     return *this;
   }
   Record& G(double value);
@@ -37,11 +39,13 @@ class Record {
 
  private:
   std::span<char> Take(std::size_t count) {
-    const std::size_t taken = std::min(count, kCapacity - length_);
-    const std::span<char> field(characters_.data() + length_, taken);
-    length_ += taken;
+    // Two ways on purpose: in the usual one a width that is known when this is compiled stays known.
+    if (count > kCapacity - length_) return TakeRest();
+    const std::span<char> field(characters_.data() + length_, count);
+    length_ += count;
     return field;
   }
+  std::span<char> TakeRest();
   static constexpr std::size_t kCapacity = 1024;
   std::array<char, kCapacity> characters_;
   std::size_t length_ = 0;

@@ -40,10 +40,11 @@ TEST(FieldFormat, GeneralFields) {
 
 TEST(FieldInput, WholeNumbers) {
   using Row = std::pair<const char*, std::int32_t>;
-  for (const auto& [field, value] :
-       {Row{"  12", 12}, Row{"-  3", -3}, Row{"1 2 ", 12}, Row{"    ", 0}, Row{"-2147483648", -2147483647 - 1}})
+  for (const auto& [field, value] : {Row{"  12", 12}, Row{"-  3", -3}, Row{"1 2 ", 12}, Row{"    ", 0}, Row{" +12", 12},
+                                     Row{"- 12", -12}, Row{"-2147483648", -2147483647 - 1}})
     EXPECT_EQ(ReadI(field), value) << field;
-  for (const char* bad : {"1.0", "a", "-", "1-", "--1", "2147483648", "99999999999999999999", "1\t"})
+  for (const char* bad : {"1.0", "a", "-", "   -", "1-", " 1-2", "--1", " --1", " 1.0", " 1:0", "\xB1\xB2\xB3\xB4",
+                          "2147483648", "99999999999999999999", "1\t"})
     EXPECT_FALSE(ReadI(bad)) << bad;
 }
 
@@ -51,15 +52,17 @@ TEST(FieldInput, RealsWithImpliedDecimalsBlanksAndExponents) {
   using Row = std::tuple<const char*, int, float>;
   for (const auto& [field, decimals, value] :
        {Row{"  123.45", 0, 123.45F}, Row{"     123", 0, 123.0F}, Row{"     123", 2, 1.23F}, Row{"   123. ", 2, 123.0F},
-        Row{"   -.5  ", 2, -0.5F}, Row{"  1 2 3 ", 2, 1.23F}, Row{" 1.5E3", 2, 1500.0F}, Row{" 15e2", 1, 150.0F},
-        Row{" 1.5D+3", 0, 1500.0F}, Row{"15-3", 0, 0.015F}, Row{"+7", 0, 7.0F}, Row{"      ", 3, 0.0F},
-        Row{"1.0E-60", 0, 0.0F}, Row{"0.00000000000000000000000000000000000000000000000001", 0, 0.0F},
-        Row{"16777217", 0, 16777216.0F}, Row{"12345678901234567890", 0, 12345678901234567890.0F},
+        Row{"   -.5  ", 2, -0.5F}, Row{"     .25", 2, 0.25F}, Row{"    -.25", 0, -0.25F}, Row{"    1. 5", 0, 1.5F},
+        Row{"12345678.25", 0, 12345678.25F}, Row{"  +12.50", 0, 12.5F}, Row{"- 123.50", 0, -123.5F},
+        Row{"  1 2 3 ", 2, 1.23F}, Row{" 1.5E3", 2, 1500.0F}, Row{" 15e2", 1, 150.0F}, Row{" 1.5D+3", 0, 1500.0F},
+        Row{"15-3", 0, 0.015F}, Row{"+7", 0, 7.0F}, Row{"      ", 3, 0.0F}, Row{"1.0E-60", 0, 0.0F},
+        Row{"0.00000000000000000000000000000000000000000000000001", 0, 0.0F}, Row{"16777217", 0, 16777216.0F},
+        Row{"12345678901234567890", 0, 12345678901234567890.0F},
         // just above the half of two stored reals, but not as a 64-bit real: rounded once
         Row{"1.00000005960464477539062500000001", 0, 1.00000012F}})
     EXPECT_EQ(ReadF(field, decimals), value) << field;
-  for (const char* bad : {"abc", "1.2.3", "NaN", "inf", "********", ".", "-", "1E", "1E+", "1,5", "0x10", "1E60",
-                          "1e99999", "1.0 f", "\t1"})
+  for (const char* bad : {"abc", "1.2.3", " 1.2.30", "   --.25", "  1a2.50", "x    2.50", "NaN", "inf", "********", ".",
+                          "-", "1E", "1E+", "1,5", "0x10", "1E60", "1e99999", "1.0 f", "\t1"})
     EXPECT_FALSE(ReadF(bad, 0)) << bad;
 }
 
@@ -87,8 +90,10 @@ TEST(Fields, RandomNumbersAreWrittenAndReadAsTheStandardLibraryDoes) {
   for (int value = -1100; value < 10'100; ++value) {
     std::string expected = std::to_string(value);
     ASSERT_EQ(ReadI(" " + expected), value);
+    ASSERT_EQ(ReadI(expected), value);
     expected = expected.size() > 4 ? "****" : std::string(4 - expected.size(), ' ') + expected;
     ASSERT_EQ(Record().I(value, 4).Text(), expected);
+    if (expected != "****") ASSERT_EQ(ReadI(expected), value);
   }
   EXPECT_EQ(ReadReal<float>("-.5"), -0.5F);
   for (const char* bad : {"", "-", ".", "-.", "1..2", "--1", "1-"}) EXPECT_FALSE(ReadReal<float>(bad)) << bad;
