@@ -1,4 +1,4 @@
-#include "patterns/XyTable.h"
+#include "patterns/XyTxt.h"
 
 #include <algorithm>
 #include <array>
@@ -53,7 +53,7 @@ float FindMaximum(const std::vector<IngRow>& rows) {
 
 }  // namespace
 
-IngPattern ReadXyTable(TextInput& txt) {
+IngPattern ReadXyTxt(TextInput& txt) {
   IngPattern pattern{.header = {.Wavelength = kCopperWavelength, .StepTime = kStepTime}, .rows = {}};
   pattern.header.FirstAngle = FindFirstAngle(txt);
   txt.Rewind();
