@@ -2,8 +2,11 @@
 include(GNUInstallDirs)
 
 install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/talven RENAME copyright)
+# The pages of the manual, which F1 opens in the window.
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/talven FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 if(TARGET talven AND UNIX AND NOT APPLE)
   install(FILES packaging/talven.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES packaging/talven-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME talven.xml)
   install(FILES packaging/talven.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 endif()
 

@@ -70,7 +70,7 @@ class Studio {
       auto& form = dynamic_cast<FormDialog&>(dialog);
       if (use) use(form);
       Take(name);
-      form.EndAsItStands();
+      if (form.isVisible()) form.EndAsItStands();
     }});
     toolkit_.WDialogLoad(id);
     toolkit_.WDialogShow(-1, -1, 0, kModal);

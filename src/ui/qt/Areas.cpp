@@ -14,6 +14,7 @@ constexpr int kColumnWidth = 1000;
 constexpr int kColumnHeight = 600;
 constexpr int kLeastText = 140;
 constexpr int kLeastTextBeside = 230;
+constexpr int kLeastPlot = 200;
 constexpr int kScrollBar = 24;
 
 }  // namespace
@@ -40,6 +41,7 @@ Areas::Areas(QWidget* parent)
   setStretchFactor(1, 1);
   const int left = texts_->Pane().SmallestPage().width() + kScrollBar;
   setSizes({left, left});
+  plot_->setMinimumWidth(kLeastPlot);
   connect(this, &QSplitter::splitterMoved, this, [this] { moved_["columns"] = sizes(); });
   connect(talk_, &QSplitter::splitterMoved, this, [this] { moved_[BorderName()] = talk_->sizes(); });
 }
@@ -77,7 +79,14 @@ void Areas::resizeEvent(QResizeEvent* event) {
   FitForm();
 }
 
+void Areas::WidenForForm() {
+  const int wanted = form_->Wish().width() + kScrollBar;
+  if (!HasPlotColumn() || moved_.contains("columns") || talk_->width() >= wanted) return;
+  setSizes({wanted, std::max(width() - handleWidth() - wanted, 1)});
+}
+
 void Areas::FitForm() {
+  WidenForForm();
   if (const auto moved = moved_.find(BorderName()); moved != moved_.end()) return talk_->setSizes(moved->second);
   const QSize wish = form_->Wish();
   if (wish.isEmpty()) return;

@@ -40,6 +40,7 @@ class Areas : public QSplitter {
   void Arrange();
   void PlacePlot(bool in_column);
   std::string BorderName() const;
+  void WidenForForm();
 
   QSplitter* talk_;
   TextTabs* texts_;

@@ -23,7 +23,7 @@ namespace {
 
 constexpr QSize kUsualSize(1600, 1000);
 /// A screen below this is used whole.
-constexpr QSize kSmallScreen(1100, 720);
+constexpr QSize kSmallScreen(1400, 860);
 
 QString LocalFile(const QMimeData& data) {
   return data.urls().size() == 1 ? data.urls().constFirst().toLocalFile() : QString();

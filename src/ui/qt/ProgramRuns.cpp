@@ -53,6 +53,7 @@ std::optional<int> QtToolkit::RunProgram(const Command& command, const QString& 
     window_->Status().ShowRunning(title);
   }
   const auto exit_code = output_->Run(command, title, (flags & kHidden) != 0);
+  if (window_) window_->activateWindow();
   ShowRunning();
   return exit_code;
 }

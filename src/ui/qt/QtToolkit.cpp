@@ -67,6 +67,7 @@ void QtToolkit::OpenWindow(const QString& title, const QRect& place) {
   window->Status().SetFolder(QDir::currentPath());
   if (when_opened_) when_opened_(*window);
   window->show();
+  window->activateWindow();
   ShowRunning();
 }
 

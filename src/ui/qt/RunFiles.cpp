@@ -40,7 +40,10 @@ QStringList RunFiles::Written() const {
     const auto earlier = before_.find(path);
     if (mark.size > 0 && (earlier == before_.end() || earlier->second != mark)) written += path;
   }
-  std::ranges::stable_sort(written, {}, [](const QString& path) { return IsPatternFile(path) ? 0 : 1; });
+  std::ranges::stable_sort(written, {}, [](const QString& path) {
+    const qsizetype rank = kPatternEndings.indexOf(QFileInfo(path).suffix().toUpper());
+    return rank < 0 ? kPatternEndings.size() : rank;
+  });
   return written;
 }
 

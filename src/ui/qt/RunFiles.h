@@ -12,7 +12,7 @@ class RunFiles {
  public:
   /// A run on a job begins in a folder.
   void Begin(const QString& folder, const QString& job);
-  /// Full paths of the job's files that are new or have changed since, patterns first, by name.
+  /// Full paths of the job's files that are new or have changed since, patterns first, an ING before others.
   QStringList Written() const;
 
  private:

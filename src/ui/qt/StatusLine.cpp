@@ -46,6 +46,7 @@ StatusLine::StatusLine(QWidget* parent)
   remark_->hide();
   folder_button_->setObjectName("folder");
   folder_button_->setFlat(true);
+  folder_button_->setStyleSheet("text-align: left");
   folder_button_->setCursor(Qt::PointingHandCursor);
   folder_button_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   connect(folder_button_, &QPushButton::clicked, this, [this] { emit FolderAsked(folder_); });

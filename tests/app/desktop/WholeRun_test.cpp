@@ -77,6 +77,27 @@ TEST_F(DesktopProgram, SimulatesAsTheTerminalProgramDoes) {
   EXPECT_EQ(ReadFile(directory.Drive() / "exe/VELDOR/DIR.DEF"), place.toStdString());
 }
 
+TEST_F(DesktopProgram, GoesFromAFileToAPatternWithTwoButtons) {
+  ASSERT_EQ(RunSession({"SALT", "C:"}, "1006=1\nok\nok\nexit\n").exit_code, 0);
+  const std::string expected = Results();
+  for (const char* result : kResults) std::filesystem::remove(result);
+  const std::filesystem::path folder = std::filesystem::current_path();
+  std::filesystem::current_path("..");
+  const Step enter = Press(Qt::Key_Return);
+  const UserScript user({enter, enter, enter, Press(Qt::Key_Escape)});
+  const DesktopStart start = TakeOpenedFile({kPath, "--open", (folder / "SALT.HKL").string()});
+  EXPECT_EQ(start.arguments, std::vector<std::string>{kPath});
+  EXPECT_EQ(RunDesktop(start), 0);
+  EXPECT_EQ(Results(), expected);
+}
+
+TEST(DesktopStart, TakesOneFileThatIsThere) {
+  EXPECT_EQ(TakeOpenedFile({kPath, "--open"}).arguments.size(), 1U) << "a menu entry without a file";
+  EXPECT_EQ(TakeOpenedFile({kPath, "ABC", "C:"}).arguments.size(), 3U);
+  EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/none/such.INS"}), std::invalid_argument);
+  EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/tmp", "ABC"}), std::invalid_argument);
+}
+
 TEST_F(DesktopProgram, LeavesWhenTheWindowIsClosedAndTellsAFatalError) {
   EXPECT_EQ(Run({kPath, "SALT", "C:"}, {[](QDialog&) { Window().close(); }}), 0);
   EXPECT_EQ(directory.Started(), "mirade.exe SALT\n");

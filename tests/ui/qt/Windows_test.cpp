@@ -10,13 +10,12 @@
 #include <QRadioButton>
 
 #include "support/TestFiles.h"
-#include "support/qt/UserScript.h"
+#include "support/qt/ToolkitTest.h"
 #include "ui/forms/FormCatalogue.h"
 #include "ui/qt/FormDialog.h"
 #include "ui/qt/MainWindow.h"
 #include "ui/qt/MessageDialog.h"
 #include "ui/qt/OutputWindow.h"
-#include "ui/qt/QtToolkit.h"
 
 namespace talven::test {
 namespace {
@@ -192,22 +191,6 @@ TEST(PaneWidget, TextIsSelectedCopiedAndReadByAssistivePrograms) {
   pane.Clear();
   EXPECT_EQ(text->characterCount(), 0);
 }
-
-MainWindow& Window() {
-  for (QWidget* const widget : QApplication::topLevelWidgets())
-    if (auto* const window = qobject_cast<MainWindow*>(widget)) return *window;
-  throw std::runtime_error("no main window");
-}
-
-/// A toolkit with its window open, in a directory of its own.
-struct QtToolkitTest : testing::Test, TestDirectory {
-  QtToolkitTest() { toolkit.WindowOpen({.flags = 7, .title = "TALVEN"}); }
-  int Outcome() { return toolkit.WDialogQuery(kOutcomeQuery); }
-  void Select(std::string_view filter) { toolkit.WSelectFile(filter, kKeepDirectory, name, "Title"); }
-
-  QtToolkit toolkit{{"/usr/bin/talven"}};
-  std::string name = "*.LST";
-};
 
 TEST_F(QtToolkitTest, MessageBoxesGiveTheAnswerOfTheirButton) {
   using enum MessageType;
