@@ -84,7 +84,9 @@ bool IsZip(const Source& source) {
 
 bool IsXrdml(const Source& source) {
   constexpr std::size_t kHeadSize = 4096;
-  return std::string_view(source.bytes).substr(0, kHeadSize).find("<xrdMeasurements") != std::string_view::npos;
+  std::string_view head = std::string_view(source.bytes).substr(0, kHeadSize);
+  if (head.starts_with("\xEF\xBB\xBF")) head.remove_prefix(3);
+  return TrimSpace(head).starts_with('<') && head.find("<xrdMeasurements") != std::string_view::npos;
 }
 
 #ifdef TALVEN_WITH_LIBZIP

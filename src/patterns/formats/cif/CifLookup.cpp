@@ -1,4 +1,4 @@
-#include "patterns/formats/cif/CifBlock.h"
+#include "patterns/formats/cif/CifLookup.h"
 
 #include <cmath>
 
@@ -32,20 +32,17 @@ std::optional<CifNumber> ReadCifNumber(std::string_view text) {
   return CifNumber{.value = *value, .su = *su * std::pow(10.0, -decimals)};
 }
 
-std::optional<CifColumn> FindCifColumn(const gemmi::cif::Block& block, std::string_view name) {
-  for (const gemmi::cif::Item& item : block.items) {
-    if (item.type != gemmi::cif::ItemType::Loop || item.loop.tags.empty()) continue;
-    for (std::size_t i = 0; i < item.loop.tags.size(); ++i)
-      if (IsName(item.loop.tags[i], name))
-        return CifColumn{.loop = &item.loop, .index = i, .line = static_cast<std::size_t>(item.line_number)};
-  }
+std::optional<CifColumn> FindCifColumn(const CifBlock& block, std::string_view name) {
+  for (const CifLoop& loop : block.loops)
+    for (std::size_t i = 0; i < loop.tags.size(); ++i)
+      if (IsName(loop.tags[i], name)) return CifColumn{.loop = &loop, .index = i};
   return std::nullopt;
 }
 
-std::optional<double> FindCifNumber(const gemmi::cif::Block& block, std::string_view name) {
+std::optional<double> FindCifNumber(const CifBlock& block, std::string_view name) {
   std::optional<CifNumber> number;
-  for (const gemmi::cif::Item& item : block.items)
-    if (item.type == gemmi::cif::ItemType::Pair && IsName(item.pair[0], name)) number = ReadCifNumber(item.pair[1]);
+  for (const auto& [tag, value] : block.items)
+    if (IsName(tag, name)) number = ReadCifNumber(value);
   const auto column = FindCifColumn(block, name);
   if (!number && column && column->Size() > 0) number = ReadCifNumber(column->At(0));
   return number ? std::optional(number->value) : std::nullopt;

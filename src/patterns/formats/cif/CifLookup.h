@@ -1,9 +1,10 @@
 // Looking things up in a data block of a CIF by names of any case, with "." or "_" inside.
 #pragma once
 
-#include <gemmi/cif.hpp>
 #include <optional>
 #include <string_view>
+
+#include "patterns/formats/cif/ParseCif.h"
 
 namespace talven {
 
@@ -17,17 +18,16 @@ std::optional<CifNumber> ReadCifNumber(std::string_view text);
 
 /// A column of a loop. Pointers hold as long as the document.
 struct CifColumn {
-  const gemmi::cif::Loop* loop = nullptr;
+  const CifLoop* loop = nullptr;
   std::size_t index = 0;
-  std::size_t line = 0;
 
   std::size_t Size() const { return loop->values.size() / loop->tags.size(); }
   std::string_view At(std::size_t row) const { return loop->values[row * loop->tags.size() + index]; }
 };
 
 /// The first column of a name, lower case with "_".
-std::optional<CifColumn> FindCifColumn(const gemmi::cif::Block& block, std::string_view name);
+std::optional<CifColumn> FindCifColumn(const CifBlock& block, std::string_view name);
 /// The value of a name, or the first one where it heads a column; nothing if that is no number.
-std::optional<double> FindCifNumber(const gemmi::cif::Block& block, std::string_view name);
+std::optional<double> FindCifNumber(const CifBlock& block, std::string_view name);
 
 }  // namespace talven
