@@ -48,6 +48,11 @@ void PlotCanvas::SetUpAxes() {
   setLocale(QLocale::c());
   xAxis->setNumberFormat("gb");
   yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new UpTicker(model_)));
+  title_ = new QCPTextElement(this);
+  title_->setTextFlags(Qt::AlignCenter);
+  plotLayout()->insertRow(0);
+  plotLayout()->addElement(0, 0, title_);
+  plotLayout()->setRowSpacing(0);
   legend->setVisible(false);
   axisRect()->insetLayout()->setInsetAlignment(0, Qt::AlignTop | Qt::AlignRight);
 }
@@ -56,6 +61,7 @@ void PlotCanvas::Update(bool keeps_view) {
   MatchGraphs();
   Style();
   ReserveTickStrip();
+  title_->setText(model_.IsEmpty() ? QString() : QString::fromStdString(model_.Series().front().title));
   xAxis->setLabel(QString::fromStdString(model_.AlongName()));
   yAxis->setLabel(QString::fromStdString(model_.UpName()));
   setAccessibleDescription(QString::fromStdString(model_.Description()));
@@ -111,6 +117,10 @@ void PlotCanvas::Style() {
     axis->grid()->setPen(QPen(colours_.grid, 0));
     axis->grid()->setZeroLinePen(QPen(colours_.grid, 0));
   }
+  title_->setTextColor(colours_.text);
+  QFont title_font = font();
+  title_font.setBold(true);
+  title_->setFont(title_font);
   legend->setBrush(QBrush(colours_.ground));
   legend->setBorderPen(QPen(colours_.grid, 0));
   legend->setTextColor(colours_.text);
@@ -234,10 +244,6 @@ void PlotCanvas::changeEvent(QEvent* event) {
   if (event->type() != QEvent::PaletteChange && event->type() != QEvent::FontChange) return;
   SetColours(ColoursFor(palette()));
   replot(rpQueuedReplot);
-}
-
-void PlotCanvas::resizeEvent(QResizeEvent* event) {
-  QCustomPlot::resizeEvent(event);
 }
 
 }  // namespace talven

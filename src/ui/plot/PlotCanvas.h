@@ -14,10 +14,10 @@ namespace talven {
 class PlotMarks;
 
 /// Mouse: drag moves the view, with Shift or the right button a band zooms, the wheel zooms along (with Ctrl, or over
-/// the axis, up), a double click shows all. Keys: arrows move, + and - zoom along, with Shift up, Home shows all, F fits
-/// the height, Ctrl with an arrow moves the cursor, Page Up and Page Down go to the next mark.
-/// While peaks are edited a click adds one or removes the one it meets, a drag moves it; Space and Delete do so at the
-/// cursor, Alt with an arrow moves by a point.
+/// the axis, up), a double click shows all. Keys: arrows move, + and - zoom along, with Shift up, Home shows all, F
+/// fits the height, Ctrl with an arrow moves the cursor, Page Up and Page Down go to the next mark. While peaks are
+/// edited a click adds one or removes the one it meets, a drag moves it; Space and Delete do so at the cursor, Alt with
+/// an arrow moves by a point.
 class PlotCanvas : public QCustomPlot {
   Q_OBJECT
 
@@ -66,6 +66,8 @@ class PlotCanvas : public QCustomPlot {
   void AddPeakAsked(double two_theta);
   void RemovePeakAsked(const talven::MarkedPeak& mark);
   void MovePeakAsked(const talven::MarkedPeak& mark, double two_theta);
+  /// The click that asked for a peak or for its removal was the first of a double click.
+  void ClickWithdrawn();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -75,7 +77,6 @@ class PlotCanvas : public QCustomPlot {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
   enum class Gesture { kNone, kPan, kBand, kPeak };
@@ -99,10 +100,10 @@ class PlotCanvas : public QCustomPlot {
   const PlotModel& model_;
   const PeakPicker& picker_;
   PlotMarks* marks_;
+  QCPTextElement* title_;
   PlotColours colours_;
   bool shows_peaks_ = false;
   bool zooms_by_band_ = false;
-  bool has_own_colours_ = false;
   std::optional<double> cursor_;
 
   Gesture gesture_ = Gesture::kNone;
@@ -111,6 +112,7 @@ class PlotCanvas : public QCustomPlot {
   PlotRange pressed_along_;
   PlotRange pressed_up_;
   std::optional<MarkedPeak> held_;
+  bool click_changed_peaks_ = false;
   QRectF band_;
 };
 

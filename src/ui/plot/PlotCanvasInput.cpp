@@ -1,6 +1,7 @@
 // Mouse and keys of the drawing.
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "ui/plot/PlotCanvas.h"
 #include "ui/plot/PlotMarks.h"
@@ -84,7 +85,8 @@ void PlotCanvas::mouseReleaseEvent(QMouseEvent* event) {
 void PlotCanvas::ClickAt(QPointF position) {
   if (!axisRect()->rect().contains(position.toPoint())) return;
   SetCursor(TwoThetaAtPixel(position.x()));
-  if (!shows_peaks_) return;
+  click_changed_peaks_ = shows_peaks_ && !model_.IsEmpty();
+  if (!click_changed_peaks_) return;
   if (held_) {
     emit RemovePeakAsked(*held_);
   } else {
@@ -104,7 +106,9 @@ void PlotCanvas::ZoomToBand() {
 }
 
 void PlotCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) ShowAll();
+  if (event->button() != Qt::LeftButton) return;
+  if (std::exchange(click_changed_peaks_, false)) emit ClickWithdrawn();
+  ShowAll();
 }
 
 void PlotCanvas::wheelEvent(QWheelEvent* event) {
@@ -127,11 +131,20 @@ void PlotCanvas::keyPressEvent(QKeyEvent* event) {
 
 bool PlotCanvas::MoveByKey(const QKeyEvent& event) {
   switch (event.key()) {
-    case Qt::Key_Left: Pan(-kPanShare, 0.0); return true;
-    case Qt::Key_Right: Pan(kPanShare, 0.0); return true;
-    case Qt::Key_Up: Pan(0.0, kPanShare); return true;
-    case Qt::Key_Down: Pan(0.0, -kPanShare); return true;
-    default: return false;
+    case Qt::Key_Left:
+      Pan(-kPanShare, 0.0);
+      return true;
+    case Qt::Key_Right:
+      Pan(kPanShare, 0.0);
+      return true;
+    case Qt::Key_Up:
+      Pan(0.0, kPanShare);
+      return true;
+    case Qt::Key_Down:
+      Pan(0.0, -kPanShare);
+      return true;
+    default:
+      return false;
   }
 }
 

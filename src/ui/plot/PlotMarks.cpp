@@ -85,7 +85,7 @@ void PlotMarks::DrawPeaks(QCPPainter& painter) const {
     const double tip = canvas_.yAxis->coordToPixel(model.PlaceOf(pattern.counts[point])) - kLabelGap;
     const PlotColours& colours = canvas_.Colours();
     const bool is_companion = mark.origin == PeakOrigin::kAlpha2;
-    const QColor colour = is_companion ? colours.companion
+    const QColor colour = is_companion                         ? colours.companion
                           : mark.origin == PeakOrigin::kByHand ? colours.peak_by_hand
                                                                : colours.peak;
     painter.setPen(QPen(colour, 1.0));

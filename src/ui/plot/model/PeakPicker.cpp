@@ -7,29 +7,34 @@
 
 namespace talven {
 
-void PeakPicker::SetPattern(const Pattern& pattern) {
+PeakOptions PeakPicker::Options() const {
+  PeakOptions options;
+  options.fwhm = choices_.fwhm;
+  options.threshold = choices_.threshold;
+  options.keep_alpha2 = choices_.keep_alpha2;
+  options.wavelength = pattern_.wavelength ? pattern_.wavelength : wavelength_;
+  return options;
+}
+
+void PeakPicker::SetPattern(const Pattern& pattern, std::optional<double> wavelength) {
   pattern_ = pattern;
-  choices_ = {
-      .threshold = choices_.threshold, .fwhm = {}, .keep_alpha2 = choices_.keep_alpha2, .added = {}, .removed = {}};
-  prepared_ = PreparePeaks(pattern_, {});
+  wavelength_ = wavelength;
+  choices_.fwhm.reset();
+  choices_.added.clear();
+  choices_.removed.clear();
+  prepared_ = PreparePeaks(pattern_, Options());
   Pick();
 }
 
 void PeakPicker::Choose(const PeakChoices& choices) {
   const bool has_new_width = choices.fwhm != choices_.fwhm;
   choices_ = choices;
-  if (has_new_width) {
-    PeakOptions options;
-    options.fwhm = choices_.fwhm;
-    prepared_ = PreparePeaks(pattern_, options);
-  }
+  if (has_new_width) prepared_ = PreparePeaks(pattern_, Options());
   Pick();
 }
 
 void PeakPicker::Pick() {
-  PeakOptions options;
-  options.threshold = choices_.threshold;
-  options.keep_alpha2 = choices_.keep_alpha2;
+  PeakOptions options = Options();
   const PickedPeaks picked = PickPeaks(prepared_, options);
   marks_.clear();
   for (const Peak& peak : picked.peaks) {

@@ -29,8 +29,9 @@ struct MarkedPeak {
 
 class PeakPicker {
  public:
-  /// Starts anew with a pattern: what was chosen for the one before is dropped, but for threshold and K alpha 2.
-  void SetPattern(const Pattern& pattern);
+  /// Starts anew with a pattern: what was chosen for the one before is dropped, but for threshold and K alpha 2. The
+  /// wavelength, Angstrom, is for a pattern that tells none.
+  void SetPattern(const Pattern& pattern, std::optional<double> wavelength = {});
   void Choose(const PeakChoices& choices);
   const PeakChoices& Choices() const { return choices_; }
 
@@ -59,7 +60,10 @@ class PeakPicker {
   bool IsRemoved(const Peak& peak) const;
   void Pick();
 
+  PeakOptions Options() const;
+
   Pattern pattern_;
+  std::optional<double> wavelength_;
   PeakChoices choices_;
   PreparedPeaks prepared_;
   std::vector<MarkedPeak> marks_;

@@ -75,11 +75,16 @@ void PlotModel::Set(const PlotSettings& settings) {
 double PlotModel::Wavelength(std::size_t series) const {
   if (series < series_.size() && series_[series].pattern.wavelength) return *series_[series].pattern.wavelength;
   if (!series_.empty() && series_.front().pattern.wavelength) return *series_.front().pattern.wavelength;
-  return kAssumedWavelength;
+  return given_wavelength_.value_or(kAssumedWavelength);
 }
 
 bool PlotModel::IsWavelengthAssumed() const {
-  return !series_.empty() && !series_.front().pattern.wavelength;
+  return !series_.empty() && !series_.front().pattern.wavelength && !given_wavelength_;
+}
+
+void PlotModel::GiveWavelength(double wavelength) {
+  given_wavelength_ = wavelength;
+  Arrange();
 }
 
 void PlotModel::Arrange() {

@@ -56,6 +56,8 @@ struct PlotSettings {
   Arrangement arrangement = Arrangement::kAsMeasured;
   /// The pattern minus the first overlay, drawn below.
   bool shows_difference = false;
+
+  bool operator==(const PlotSettings&) const = default;
 };
 
 class PlotModel {
@@ -81,9 +83,12 @@ class PlotModel {
   const PlotSettings& Settings() const { return settings_; }
   void Set(const PlotSettings& settings);
 
-  /// Angstrom: the series' own, else that of the first, else the assumed one.
+  /// Angstrom: the series' own, else that of the first, else the given one, else the assumed one.
   double Wavelength(std::size_t series = 0) const;
   bool IsWavelengthAssumed() const;
+  /// For patterns that tell none.
+  void GiveWavelength(double wavelength);
+  std::optional<double> GivenWavelength() const { return given_wavelength_; }
 
   const UpAxis& Up() const { return up_; }
   /// Place along of a 2theta of a series, and back for the first series.
@@ -128,6 +133,7 @@ class PlotModel {
              const PlotRange& along, std::size_t columns) const;
 
   PlotSettings settings_;
+  std::optional<double> given_wavelength_;
   std::vector<PlotSeries> series_;
   std::vector<PlotSeries> earlier_;
   std::vector<Placing> placings_;

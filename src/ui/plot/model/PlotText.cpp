@@ -21,7 +21,7 @@ std::string Named(std::string_view count_of, std::size_t count) {
 
 std::string PlotModel::UpName() const {
   std::string name = "Intensity";
-  if (settings_.arrangement != Arrangement::kAsMeasured) name += " (% of the highest point)";
+  name += settings_.arrangement == Arrangement::kAsMeasured ? " (counts)" : " (% of the highest point)";
   if (settings_.arrangement == Arrangement::kStacked && series_.size() > 1) name += ", stacked";
   if (settings_.up == UpScale::kSquareRoot) name += ", square root scale";
   if (settings_.up == UpScale::kLogarithm) name += ", logarithmic scale";

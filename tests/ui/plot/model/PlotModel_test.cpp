@@ -192,7 +192,7 @@ TEST(PlotModel, WordsTellWhatIsShown) {
   model.AddOverlay({"B", Made(10.0, 0.5, {1.0, 2.0, 3.0})});
   model.Set({.up = UpScale::kSquareRoot, .shows_difference = true});
   EXPECT_EQ(model.Description(),
-            "QUARTZ. Along: 2θ (°), 10 to 11. Up: Intensity, square root scale. 3 points, 0 reflections. Overlays: B. "
+            "QUARTZ. Along: 2θ (°), 10 to 11. Up: Intensity (counts), square root scale. 3 points, 0 reflections. Overlays: B. "
             "The difference to the first overlay stands below. The file tells no wavelength; 1.54056 Å is assumed.");
 }
 
