@@ -9,7 +9,7 @@
 namespace talven {
 namespace {
 
-/// More curves than this are drawn without smooth edges, so that a frame keeps its time.
+/// More curves than this are drawn one pixel wide and without smooth edges, so that a frame keeps its time.
 constexpr std::size_t kSmoothCurves = 4;
 /// Zooming further than this share of a degree, an Angstrom or 1/Angstrom shows nothing new.
 constexpr double kNarrowest = 1e-4;
@@ -31,7 +31,6 @@ PlotCanvas::PlotCanvas(const PlotModel& model, const PeakPicker& picker, QWidget
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setMinimumSize(240, 160);
-  setPlottingHint(QCP::phFastPolylines);
   SetUpAxes();
   marks_ = new PlotMarks(*this);
   connect(this, &QCustomPlot::beforeReplot, this, &PlotCanvas::FillCurves);
@@ -127,8 +126,9 @@ void PlotCanvas::Style() {
   legend->setFont(font());
   const std::size_t count = model_.Series().size();
   for (int i = 0; i < graphCount(); ++i) {
-    graph(i)->setPen(QPen(colours_.Curve(static_cast<std::size_t>(i)), 1.0));
-    graph(i)->setAntialiased(count <= kSmoothCurves);
+    const bool is_smooth = count <= kSmoothCurves;
+    graph(i)->setPen(QPen(colours_.Curve(static_cast<std::size_t>(i)), is_smooth ? 1.0 : 0.0));
+    graph(i)->setAntialiased(is_smooth);
   }
   graph(graphCount() - 2)->setPen(QPen(colours_.background_curve, 1.0, Qt::DashLine));
   graph(graphCount() - 1)->setPen(QPen(colours_.difference, 1.0));
@@ -141,8 +141,14 @@ void PlotCanvas::ReserveTickStrip() {
 
 void PlotCanvas::FillCurves() {
   const PlotRange along = AlongRange();
-  const auto columns = static_cast<std::size_t>(std::max(width(), 200) * std::ceil(devicePixelRatioF()));
   const std::size_t count = model_.Series().size();
+  const double pixels = count <= kSmoothCurves ? std::ceil(devicePixelRatioF()) : 1.0;
+  const auto columns = static_cast<std::size_t>(std::max(width(), 200) * pixels);
+  // A window that appears draws before anybody said that the model changed.
+  if (static_cast<std::size_t>(graphCount()) != count + 2) {
+    MatchGraphs();
+    Style();
+  }
   for (std::size_t i = 0; i < count; ++i) FillCurve(static_cast<int>(i), model_.CurveOf(i, along, columns));
   const std::vector<double>& background = picker_.Background();
   const bool has_background =

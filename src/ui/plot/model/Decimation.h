@@ -7,9 +7,10 @@
 
 namespace talven {
 
-/// Indices of the points to draw, rising: of each column the first, the lowest, the highest and the last point, so that
-/// the drawn line covers the same pixels as the whole one; and the neighbours on both sides of the columns. `x` and
-/// `edges` rise, `edges` has one entry more than there are columns, `y` is as long as `x`.
+/// Indices of the points to draw: of each column the lowest and the highest point, so that the drawn line covers the
+/// same pixels as the whole one; and the neighbours on both sides of the columns, or the ends of the curve. They rise
+/// from column to column, and within columns of at most two points. `x` and `edges` rise, `edges` has one entry more
+/// than there are columns, `y` is as long as `x`.
 std::vector<std::size_t> PointsToDraw(std::span<const double> x, std::span<const double> y,
                                       std::span<const double> edges);
 

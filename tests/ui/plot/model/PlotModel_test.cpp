@@ -87,8 +87,7 @@ TEST(Decimation, EachColumnReachesAsFarAsWithAllPoints) {
     std::vector<std::size_t> all(x.size());
     for (std::size_t i = 0; i < all.size(); ++i) all[i] = i;
     EXPECT_EQ(Reach(x, y, edges, kept), Reach(x, y, edges, all));
-    EXPECT_LE(kept.size(), 4 * (edges.size() - 1) + 2);
-    EXPECT_TRUE(std::ranges::is_sorted(kept, std::ranges::less_equal{}));
+    EXPECT_LE(kept.size(), 2 * (edges.size() - 1) + 2);
     // The line goes on beyond both ends of the view.
     const bool has_left = !x.empty() && x.front() < edges.front();
     EXPECT_TRUE(!has_left || x[kept.front()] < edges.front());
@@ -192,7 +191,8 @@ TEST(PlotModel, WordsTellWhatIsShown) {
   model.AddOverlay({"B", Made(10.0, 0.5, {1.0, 2.0, 3.0})});
   model.Set({.up = UpScale::kSquareRoot, .shows_difference = true});
   EXPECT_EQ(model.Description(),
-            "QUARTZ. Along: 2θ (°), 10 to 11. Up: Intensity (counts), square root scale. 3 points, 0 reflections. Overlays: B. "
+            "QUARTZ. Along: 2θ (°), 10 to 11. Up: Intensity (counts), square root scale. 3 points, 0 reflections. "
+            "Overlays: B. "
             "The difference to the first overlay stands below. The file tells no wavelength; 1.54056 Å is assumed.");
 }
 
