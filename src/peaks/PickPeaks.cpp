@@ -176,6 +176,13 @@ PreparedPeaks PreparePeaks(const Pattern& pattern, const PeakOptions& options) {
   return prepared;
 }
 
+void KeepStrongest(std::vector<Peak>& peaks, std::size_t count) {
+  if (peaks.size() <= count) return;
+  std::ranges::stable_sort(peaks, std::ranges::greater(), &Peak::height);
+  peaks.resize(count);
+  std::ranges::stable_sort(peaks, {}, &Peak::two_theta);
+}
+
 PickedPeaks PickPeaks(const PreparedPeaks& prepared, const PeakOptions& options) {
   PickedPeaks picked;
   picked.background = prepared.background;
@@ -191,9 +198,7 @@ PickedPeaks PickPeaks(const PreparedPeaks& prepared, const PeakOptions& options)
     picked.left_out_count = picked.peaks.size() - kListedPeaks;
     picked.notices.push_back("more than 100 peaks; the weakest were left out: " +
                              std::to_string(picked.left_out_count));
-    std::ranges::stable_sort(picked.peaks, std::ranges::greater(), &Peak::height);
-    picked.peaks.resize(kListedPeaks);
-    std::ranges::stable_sort(picked.peaks, {}, &Peak::two_theta);
+    KeepStrongest(picked.peaks, kListedPeaks);
   }
   return picked;
 }

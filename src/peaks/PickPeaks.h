@@ -50,6 +50,9 @@ struct PickedPeaks {
   std::vector<std::string> notices;
 };
 
+/// Leaves the strongest so many of peaks that stand by rising angle; of equal ones the first.
+void KeepStrongest(std::vector<Peak>& peaks, std::size_t count);
+
 /// A local maximum of the negative second derivative.
 struct PeakCandidate {
   Peak peak;

@@ -1,0 +1,92 @@
+#include "screening/ComparisonScores.h"
+
+#include <algorithm>
+#include <string>
+
+#include "comparison/BuildBands.h"
+#include "comparison/ComparisonSettings.h"
+#include "comparison/NormalisePeaks.h"
+#include "comparison/ScorePair.h"
+#include "comparison/SortPeaksByIntensity.h"
+#include "textio/FieldInput.h"
+#include "textio/Record.h"
+
+namespace talven {
+namespace {
+
+constexpr double kLowestShare = 0.01;
+/// Height of the strongest peak of a textbook pattern.
+constexpr double kTop = 99'000.0;
+/// Steps of the textbook pattern in one width.
+constexpr double kStepsInWidth = 32.0;
+
+/// What a reader gets of a value written with so many decimals.
+float AsWritten(double value, int decimals) {
+  Record record;
+  record.F(value, 24, decimals);
+  const std::string_view text = record.Text();
+  return ReadReal<float>(text.substr(std::min(text.find_first_not_of(' '), text.size()))).value_or(0.0F);
+}
+
+SymmetricTable ProfileTable(double fwhm) {
+  SymmetricTable table{fwhm / kStepsInWidth, {}};
+  for (double distance = 0.0; distance < kProfileReach * fwhm; distance += table.step)
+    table.values.push_back(PseudoVoigt(distance, fwhm));
+  return table;
+}
+
+/// Scales a list, sorts it, and gives its area and its bands by centre and width.
+float Prepare(const ComparisonSettings& settings, PeakList& list, BandTable& bands) {
+  const float area = NormalisePeaks(list);
+  BuildBands(list, settings.BSep, settings.Btres, bands);
+  for (std::int32_t i = 1; i <= bands.count; ++i) ConvertToCentre(bands.rows[i]);
+  SortPeaksByIntensity(list);
+  return area;
+}
+
+}  // namespace
+
+PeakList ListOf(const std::vector<Peak>& peaks) {
+  PeakList list;
+  for (const Peak& peak : peaks) {
+    if (list.count == kPeakCapacity) break;
+    ++list.count;
+    list.TwoTheta[list.count] = AsWritten(peak.two_theta, 3);
+    list.Intensity[list.count] = AsWritten(peak.height, 1);
+  }
+  return list;
+}
+
+std::vector<Peak> TextbookPeaks(const ScreenTarget& target, const LineList& lines) {
+  const GriddedLines gridded(lines.two_theta, lines.intensities, target.range.first, target.range.last,
+                             ProfileTable(target.fwhm));
+  const std::vector<double>& counts = gridded.Spread();
+  const double highest = *std::ranges::max_element(counts);
+  std::vector<Peak> peaks;
+  for (std::size_t i = 1; i + 1 < counts.size(); ++i) {
+    if (!(counts[i] > counts[i - 1] && counts[i] >= counts[i + 1] && counts[i] > kLowestShare * highest)) continue;
+    const double bend = counts[i - 1] - 2.0 * counts[i] + counts[i + 1];
+    const double place = static_cast<double>(i) + 0.5 * (counts[i - 1] - counts[i + 1]) / bend;
+    Peak peak;
+    peak.two_theta = target.range.first + place * gridded.Step();
+    peak.height = kTop * counts[i] / highest;
+    peak.fwhm = target.fwhm;
+    peaks.push_back(peak);
+  }
+  KeepStrongest(peaks, kListedPeaks);
+  return peaks;
+}
+
+ComparisonScores CompareWithTarget(const ScreenTarget& target, const LineList& lines) {
+  ComparedPair pair;
+  pair.Reference = target.peaks;
+  pair.Sample = ListOf(TextbookPeaks(target, lines));
+  if (pair.Reference.count == 0 || pair.Sample.count == 0) return {};
+  const ComparisonSettings settings;
+  pair.RefArea = Prepare(settings, pair.Reference, pair.ReferenceBands);
+  Prepare(settings, pair.Sample, pair.SampleBands);
+  const PairScore score = ScorePair(pair, settings);
+  return {score.RMATCH, score.M2, score.BMATCH};
+}
+
+}  // namespace talven
