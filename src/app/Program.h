@@ -4,10 +4,8 @@
 #include <memory>
 
 #include "comparison/ComparePatterns.h"
-#include "patterns/CifToIng.h"
-#include "patterns/IngToTxt.h"
-#include "patterns/ReformatIng.h"
-#include "patterns/TxtToIng.h"
+#include "patterns/Reformat.h"
+#include "patterns/SmallCif.h"
 #include "shelx/FcfToHkl.h"
 #include "shelx/InsToDummyHkl.h"
 #include "simulation/SimulationData.h"
@@ -34,10 +32,8 @@ struct Program {
   OnDemand<SimulationData> simulation;
   InsToDummyHklData ins_to_dummy_hkl;
   FcfToHklData fcf_to_hkl;
-  CifToIngData cif_to_ing;
-  OnDemand<ReformatData> reformat;
-  OnDemand<IngToTxtData> ing_to_txt;
-  OnDemand<TxtToIngData> txt_to_ing;
+  SmallCifNames cif_names;
+  OnDemand<ReformatWork> reformat;
   ComparisonData comparison;
 };
 

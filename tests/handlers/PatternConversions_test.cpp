@@ -1,12 +1,8 @@
-// The conversions of pattern files: their limits, and the ASCII spectrum.
+// Options 2 to 4, 8 and 9 as a session: their limits.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "patterns/IngToAsc.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
-#include "ui/console/ConsoleToolkit.h"
 
 namespace talven::test {
 namespace {
@@ -21,36 +17,6 @@ std::string Ing(const std::string& range, int count, const std::string& rows) {
 }
 
 using Case = std::pair<std::string, std::string>;
-
-TEST_F(Conversions, IngToAscScalesTheStrongestPointToTwo) {
-  const std::string head =
-      "PE IR                   SPECTRUM    ASCII\n  -1\n10746P~1.ASC\ntalven\n4.0\n30\n"
-      "SPECTRUM ONE,CPU32 MAIN 00.02.3000\nINGAAS\nNIR\nCAF2\n55562\n1.000000\n8.000000\nSTRONG\nRATIO\nSPECTRUM\n"
-      "MAGNITUDE\nREFLECTANCE\nDOUBLE\nCOMBINED\n0\n#HDR\n 1\n 1\n#GR\nnm\nA\n0.00000011920928955078\n0.0\n";
-  for (const Case& c :
-       {Case{Ing("4\n40\n.05", 3, "4 50\n4.05 81\n4.1 -1\n"),
-             "4000\n50\n719\n8\n10000\n50\n#DATA\n4000 1.234568\n4050 2.000000\n4100 -.024691\n"},
-        Case{Ing(".05\n9.5\n.005", 3, ".05 4\n1000 4"), " 50\n10\n945\n8\n10000\n50\n#DATA\n 50 2.000000\n"},
-        // a step of four digits at most; signs have no column of their own; the scale is not stored
-        Case{Ing("-5\n15\n10", 2, "-5 19\n5 26\n"), "***\n 2\n8\n10000\n50\n#DATA\n*** 1.461538\n5000 2.000000\n"},
-        // a blank line in the head: the second pass begins a line too early
-        Case{Ing("\n4\n5\n.5", 3, "4 10\n4.5 20\n"),
-             "4000\n500\n 2\n8\n10000\n50\n#DATA\n3000 0.400000\n4500 2.000000\n"},
-        Case{Ing("1000\n1001\n.5", 3, "4 0\n4.5 -3\n"),
-             "500\n 2\n8\n10000\n50\n#DATA\n4000 0.000000\n4500 0.000000\n"}}) {
-    WriteFile("ABC.ING", c.first);
-    std::istringstream input;
-    std::ostringstream pane;
-    ConsoleToolkit toolkit({"talven"}, input, pane, pane, false);
-    Ui ui(toolkit);
-    RunState run;
-    run.JobName = "ABC";
-    run.JobNameLength = 3;
-    IngToAsc(ui, run);
-    EXPECT_EQ(pane.str(), "\nABC.ASC written\n");
-    EXPECT_EQ(ReadFile("ABC.ASC"), head + c.second);
-  }
-}
 
 TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
   const std::string other = "4\nok\n1006=3\nok\n", to_text = "8\nok\n", from_text = "9\nok\n";

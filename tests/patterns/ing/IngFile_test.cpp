@@ -1,4 +1,4 @@
-#include "patterns/ing/IngRows.h"
+#include "patterns/ing/IngFile.h"
 
 #include <gtest/gtest.h>
 

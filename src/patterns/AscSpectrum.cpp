@@ -1,14 +1,12 @@
-#include "patterns/IngToAsc.h"
+#include "patterns/AscSpectrum.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 
-#include "patterns/JobInput.h"
-#include "patterns/ing/IngHeader.h"
-#include "patterns/ing/IngRows.h"
+#include "patterns/ing/IngFile.h"
 #include "textio/Numbers.h"
-#include "textio/OutputFile.h"
+#include "textio/Record.h"
 
 namespace talven {
 namespace {
@@ -65,7 +63,7 @@ std::size_t GrowingWidth(std::int32_t value, FieldWidths widths) {
   return digits > widths.last ? 0 : std::max(digits, widths.first);
 }
 
-void WriteWhole(OutputFile& asc, std::int32_t value, FieldWidths widths) {
+void WriteWhole(TextOutput& asc, std::int32_t value, FieldWidths widths) {
   if (const std::size_t width = GrowingWidth(value, widths); width != 0) asc.WriteLine(Record().I(value, width));
 }
 
@@ -73,15 +71,7 @@ std::int32_t Thousandfold(float value) {
   return NearestWhole(1000.0 * value);
 }
 
-void WriteHead(OutputFile& asc, const IngHeader& header, std::int32_t count) {
-  for (const std::string_view line : kHeadLines) asc.WriteLine(line);
-  WriteWhole(asc, Thousandfold(header.FirstAngle), kAngleWidths);
-  WriteWhole(asc, Thousandfold(header.Step), kStepWidths);
-  WriteWhole(asc, count, kCountWidths);
-  for (const std::string_view line : kDataHeadLines) asc.WriteLine(line);
-}
-
-float FindMaximum(InputFile& ing, std::int32_t count) {
+float FindMaximum(TextInput& ing, std::int32_t count) {
   float maximum = 0.0F;
   IngRow row;
   for (std::int32_t i = 0; i < count && ReadIngRow(ing, kAscRows, row); ++i) maximum = std::max(maximum, row.Intensity);
@@ -89,39 +79,36 @@ float FindMaximum(InputFile& ing, std::int32_t count) {
 }
 
 /// Goes back to the rows. On purpose seven lines of text are passed: a head with blank lines in it is longer.
-void RewindToRows(InputFile& ing) {
+void RewindToRows(TextInput& ing) {
   ing.Rewind();
   for (int line = 1; line <= kIngHeadLines; ++line) ing.RequireLine("a line of the head");
 }
 
-void WriteRows(InputFile& ing, std::int32_t count, float maximum, OutputFile& asc) {
-  const double scale = 1.0 / maximum * 2.0;
-  IngRow row;
-  for (std::int32_t i = 0; i < count && ReadIngRow(ing, kAscRows, row); ++i) {
-    const std::int32_t x = Thousandfold(row.Angle);
-    const float y = maximum > 0.0F ? Store(scale * row.Intensity) : 0.0F;
-    const std::size_t width = GrowingWidth(x, kAngleWidths);
-    if (width != 0) asc.WriteLine(Record().I(x, width).X(1).F(y, 8, 6));
-  }
-}
-
 }  // namespace
 
-void IngToAsc(Ui& ui, RunState& run) {
-  InputFile ing;
-  if (!OpenJobInput(ui, run, ".ING", ing)) return;
-  OutputFile asc;
-  asc.Open(Folder(), run.JobFile(".ASC"));
+AscSpectrum ReadIngAsSpectrum(TextInput& ing) {
   IngHeader header = ReadIngHeader(ing);
   if (header.Step < kSmallestStep) header.Step = Store(kSmallestStep);
   const std::int32_t count = CountIngRows(kAscRows, header);
-  WriteHead(asc, header, count);
+  AscSpectrum spectrum{Thousandfold(header.FirstAngle), Thousandfold(header.Step), count, {}};
   const float maximum = FindMaximum(ing, count);
+  const double scale = 1.0 / maximum * 2.0;
   RewindToRows(ing);
-  WriteRows(ing, count, maximum, asc);
-  asc.Close();
-  ui.ShowLine("");
-  ui.ShowLine(run.JobFile(".ASC written"));
+  IngRow row;
+  for (std::int32_t i = 0; i < count && ReadIngRow(ing, kAscRows, row); ++i)
+    spectrum.points.push_back({Thousandfold(row.Angle), maximum > 0.0F ? Store(scale * row.Intensity) : 0.0F});
+  return spectrum;
+}
+
+void WriteAscSpectrum(TextOutput& asc, const AscSpectrum& spectrum) {
+  for (const std::string_view line : kHeadLines) asc.WriteLine(line);
+  WriteWhole(asc, spectrum.FirstAngle, kAngleWidths);
+  WriteWhole(asc, spectrum.Step, kStepWidths);
+  WriteWhole(asc, spectrum.PointCount, kCountWidths);
+  for (const std::string_view line : kDataHeadLines) asc.WriteLine(line);
+  for (const AscSpectrum::Point& point : spectrum.points)
+    if (const std::size_t width = GrowingWidth(point.X, kAngleWidths); width != 0)
+      asc.WriteLine(Record().I(point.X, width).X(1).F(point.Y, 8, 6));
 }
 
 }  // namespace talven

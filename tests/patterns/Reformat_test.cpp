@@ -1,4 +1,4 @@
-#include "patterns/WavelengthMove.h"
+#include "patterns/Reformat.h"
 
 #include <gtest/gtest.h>
 
