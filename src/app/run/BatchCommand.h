@@ -26,7 +26,7 @@ class BatchCommand {
   virtual BatchFeatures Features() const { return {}; }
   /// Adds the command's own options, which store what they are given in the command.
   virtual void AddOptions(CLI::App& app) = 0;
-  virtual Columns TableColumns() const = 0;
+  virtual ColumnNames TableColumns() const = 0;
   /// Does the work on all inputs and puts its rows into the table. Throws CommandLineError before anything is done, and
   /// FatalIoError where the table can't be written.
   virtual void Run(const std::vector<std::string>& inputs, const BatchOptions& options, Reporter& reporter) = 0;

@@ -21,7 +21,7 @@ std::string MinutesAndSeconds(double seconds) {
 
 }  // namespace
 
-void Reporter::BeginTable(Columns columns) {
+void Reporter::BeginTable(ColumnNames columns) {
   columns_ = std::move(columns);
   Write(HeadLine(columns_, style_));
 }
@@ -74,8 +74,13 @@ void Reporter::ClearProgress() {
 }
 
 std::string MessageLine(std::string_view file, std::string_view text) {
-  if (text.starts_with(file) && text.substr(file.size()).starts_with(", ")) text.remove_prefix(file.size() + 2);
-  if (text.starts_with(file) && text.substr(file.size()).starts_with(": ")) text.remove_prefix(file.size() + 2);
+  const std::string_view name = file.substr(file.rfind('/') + 1);
+  for (const std::string_view begin : {file, name}) {
+    const std::string_view rest = text.starts_with(begin) ? text.substr(begin.size()) : "";
+    if (!rest.starts_with(", ") && !rest.starts_with(": ")) continue;
+    text = rest.substr(2);
+    break;
+  }
   return OneLine(file) + ": " + OneLine(text);
 }
 

@@ -28,7 +28,7 @@ class Reporter {
   Reporter& operator=(const Reporter&) = delete;
 
   /// Both throw FatalIoError where standard output can't be written.
-  void BeginTable(Columns columns);
+  void BeginTable(ColumnNames columns);
   void AddRow(const Row& row, std::string_view error = {});
 
   /// Tells what was noticed about a file, unless only failures are wanted; and a failure. Counts the failures.
@@ -47,7 +47,7 @@ class Reporter {
   RunStreams streams_;
   TableStyle style_;
   bool is_quiet_;
-  Columns columns_;
+  ColumnNames columns_;
   std::size_t failure_count_ = 0;
   bool has_progress_line_ = false;
   std::chrono::steady_clock::time_point begin_ = std::chrono::steady_clock::now();

@@ -76,14 +76,14 @@ std::string Cell::JsonText() const {
   return kind_ == Kind::kText ? JsonString(text_) : text_;
 }
 
-std::string HeadLine(const Columns& columns, TableStyle style) {
+std::string HeadLine(const ColumnNames& columns, TableStyle style) {
   std::string line;
   if (style == TableStyle::kJson) return line;
   for (const std::string& column : columns) line.append(line.empty() ? "" : "\t").append(column);
   return line + "\n";
 }
 
-std::string RowLine(const Columns& columns, const Row& row, TableStyle style, std::string_view error) {
+std::string RowLine(const ColumnNames& columns, const Row& row, TableStyle style, std::string_view error) {
   const bool is_json = style == TableStyle::kJson;
   std::string line = is_json ? "{" : "";
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -93,6 +93,13 @@ std::string RowLine(const Columns& columns, const Row& row, TableStyle style, st
   }
   if (is_json && !error.empty()) line += ", \"error\": " + JsonString(error);
   return line + (is_json ? "}\n" : "\n");
+}
+
+double Shortest(float value) {
+  const std::string digits = Digits(value);
+  double shortest = value;
+  std::from_chars(digits.data(), digits.data() + digits.size(), shortest);
+  return shortest;
 }
 
 std::string OneLine(std::string_view text) {

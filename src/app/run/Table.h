@@ -38,15 +38,18 @@ class Cell {
   Kind kind_ = Kind::kNothing;
 };
 
-using Columns = std::vector<std::string>;
+using ColumnNames = std::vector<std::string>;
 using Row = std::vector<Cell>;
 
 enum class TableStyle { kTabs, kJson };
 
 /// The head line with its end; nothing for JSON.
-std::string HeadLine(const Columns& columns, TableStyle style);
+std::string HeadLine(const ColumnNames& columns, TableStyle style);
 /// A row with its end. Cells that a row lacks at its end are nothing; `error`, where there is one, is told in JSON.
-std::string RowLine(const Columns& columns, const Row& row, TableStyle style, std::string_view error = {});
+std::string RowLine(const ColumnNames& columns, const Row& row, TableStyle style, std::string_view error = {});
+
+/// The real whose shortest digits are those of a stored one: 1.54 for the 32-bit 1.54.
+double Shortest(float value);
 
 /// A text on one line: control characters as in TabText.
 std::string OneLine(std::string_view text);

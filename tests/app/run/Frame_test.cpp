@@ -23,7 +23,7 @@ class CopyCommand : public FileCommand {
  public:
   CommandText Text() const override { return {"copy", "copies", "Copies."}; }
   void AddOptions(CLI::App& app) override { app.add_option("--ext", extension_); }
-  Columns TableColumns() const override { return {"file", "bytes", "output"}; }
+  ColumnNames TableColumns() const override { return {"file", "bytes", "output"}; }
 
  private:
   std::vector<std::string> OutputNames(const InputPath& input) const override {
