@@ -3,7 +3,7 @@
 #include <array>
 
 #include "app/StartUp.h"
-#include "comparison/ComparePatterns.h"
+#include "handlers/ComparePatterns.h"
 #include "handlers/PatternConversions.h"
 #include "handlers/ReformatIng.h"
 #include "simulation/SimulatePattern.h"
@@ -84,7 +84,7 @@ void RunOptions(Ui& ui, Program& program) {
     if (run.RunMode == 0) {
       choice = AskOption(ui.toolkit);
       if (choice.compare) {
-        ComparePatterns(ui, program.comparison);
+        ComparePatterns(ui, run.folder, program.comparison);
         ui.toolkit.WGrAreaClear();
         continue;
       }

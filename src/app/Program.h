@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "comparison/ComparePatterns.h"
+#include "handlers/ComparePatterns.h"
 #include "patterns/Reformat.h"
 #include "patterns/SmallCif.h"
 #include "shelx/FcfToHkl.h"
@@ -34,7 +34,7 @@ struct Program {
   FcfToHklData fcf_to_hkl;
   SmallCifNames cif_names;
   OnDemand<ReformatWork> reformat;
-  ComparisonData comparison;
+  ComparisonSession comparison;
 };
 
 }  // namespace talven

@@ -1,4 +1,4 @@
-#include "comparison/ComparisonSettings.h"
+#include "handlers/ComparisonForm.h"
 
 #include "textio/Numbers.h"
 #include "ui/forms/FormCatalogue.h"
@@ -46,10 +46,6 @@ ComparisonSettings ReadForm(const Toolkit& toolkit) {
 }
 
 }  // namespace
-
-std::int32_t ComparisonSettings::WholeT4M() const {
-  return NearestWhole(T4M);
-}
 
 void AskComparisonSettings(Ui& ui, std::int32_t btres_refill, ComparisonSettings& settings) {
   Toolkit& toolkit = ui.toolkit;

@@ -1,6 +1,4 @@
-#include "comparison/ComparisonReport.h"
-
-#include <cmath>
+#include "comparison/ComparisonLog.h"
 
 #include "textio/FixedText.h"
 #include "textio/FreeForm.h"
@@ -17,37 +15,33 @@ constexpr std::string_view kStrongUnmatchedLabel = "  T5 R not matched";
 
 }  // namespace
 
-void ComparisonReport::ShowInPane(std::string_view text) {
-  pane_.WriteTextLineFrom(Text80(text), 1);
-}
-
-void ComparisonReport::WriteTitle() {
+void ComparisonLog::WriteTitle() {
   FreeFormLine(log_).Text(" Talven_corvane LOG File").End();
 }
 
-void ComparisonReport::WriteRunSeparator() {
+void ComparisonLog::WriteRunSeparator() {
   FreeFormLine(log_).Text(" *****************************************").End();
-  ShowInPane(" ++++++++++++++++++++++++++++++++++++++++");
+  listener_.Take(" ++++++++++++++++++++++++++++++++++++++++");
 }
 
-void ComparisonReport::WriteFileLine(std::string_view label, std::string_view file_name, std::string_view directory) {
+void ComparisonLog::WriteFileLine(std::string_view label, std::string_view file_name, std::string_view directory) {
   const Text80 line(Record().A(label).A(file_name).X(1).A(directory).Text());
   FreeFormLine(log_).Text(line.View()).End();
-  ShowInPane(line.View());
+  listener_.Take(line.View());
 }
 
-void ComparisonReport::WriteTwoThetaLimit(float limit) {
+void ComparisonLog::WriteTwoThetaLimit(float limit) {
   FreeFormLine(log_).Text(" 2THETA").Real(limit).End();
 }
 
-void ComparisonReport::WriteHeadedRow(std::string_view heading, std::string_view row) {
-  ShowInPane(heading);
-  ShowInPane(row);
+void ComparisonLog::WriteHeadedRow(std::string_view heading, std::string_view row) {
+  listener_.Take(heading);
+  listener_.Take(row);
   FreeFormLine(log_).Text(heading).End();
   log_.WriteLine(row);
 }
 
-void ComparisonReport::WriteSettings(const ComparisonSettings& settings, std::int32_t last_peak_count) {
+void ComparisonLog::WriteSettings(const ComparisonSettings& settings, std::int32_t last_peak_count) {
   Record row;
   row.X(2).F(settings.AngTol, 4, 2).X(2).F(settings.NMF, 4, 2).X(2).F(settings.SAF, 4, 2);
   row.I(settings.WholeT4M(), 4).X(1).F(settings.BSep, 5, 2).I(last_peak_count, 7);
@@ -55,34 +49,39 @@ void ComparisonReport::WriteSettings(const ComparisonSettings& settings, std::in
   WriteHeadedRow(" AngTol NMF  SAF  T4M  BSep  Btres Berr DSPACE", row.Text());
 }
 
-void ComparisonReport::WriteBandHeading() {
+void ComparisonLog::WriteBandHeading() {
   constexpr std::string_view kHeading = "      Bno. Start   End   Max.pk Max.cnt    Tot.cnt  Pk.no.";
   FreeFormLine(log_).Text(kHeading).End();
-  ShowInPane(kHeading);
+  listener_.Take(kHeading);
 }
 
-void ComparisonReport::WriteBand(std::int32_t number, const PeakBand& band) {
+void ComparisonLog::WriteBands(const PeakBands& found) {
+  std::int32_t number = 0;
+  for (const PeakBand& band : found.bands) WriteBand(++number, band);
+}
+
+void ComparisonLog::WriteBand(std::int32_t number, const PeakBand& band) {
   Record row;
   row.A(" Band ").I(number, 4).F(band.Start, 7, 2).F(band.End, 7, 2);
   row.F(band.HighestIntensity, 8, 0).F(band.HighestPosition, 7, 2);
   row.F(band.IntensitySum, 12, 0).F(band.PeakCount, 5, 0);
   log_.WriteLine(row);
-  ShowInPane(row.Text());
+  listener_.Take(row.Text());
 }
 
-void ComparisonReport::WriteReferenceArea(float RefArea) {
+void ComparisonLog::WriteReferenceArea(float RefArea) {
   FreeFormLine(log_).Text(" Reference Area ").Real(RefArea).End();
-  ShowInPane(Record().A("Reference Area ").G(RefArea).Text());
+  listener_.Take(Record().A("Reference Area ").G(RefArea).Text());
 }
 
-void ComparisonReport::WriteScoreDetails(const ComparedPair& pair, const PairScore& score, float SAF) {
-  FreeFormLine(log_).Text(" Reference Peaks ").Integer(pair.Reference.count).End();
-  FreeFormLine(log_).Text(" Sample    Peaks ").Integer(pair.Sample.count).End();
+void ComparisonLog::WriteScoreDetails(const PairScore& score, float SAF) {
+  FreeFormLine(log_).Text(" Reference Peaks ").Integer(score.reference_count).End();
+  FreeFormLine(log_).Text(" Sample    Peaks ").Integer(score.sample_count).End();
   WritePeakScoreDetails(score);
   WriteAreaDetails(score, SAF);
 }
 
-void ComparisonReport::WritePeakScoreDetails(const PairScore& score) {
+void ComparisonLog::WritePeakScoreDetails(const PairScore& score) {
   // On purpose: without decimals the initial score reads 0 or 1.
   log_.WriteLine(Record().A(kInitialLabel).F(score.InitialRMATCH, 4, 0));
   log_.WriteLine(Record().A(kStrongPairsLabel).F(score.T4RS, 4, 0));
@@ -92,23 +91,21 @@ void ComparisonReport::WritePeakScoreDetails(const PairScore& score) {
   if (score.has_many_unmatched) FreeFormLine(log_).Text("# S not M >.33 R ").Real(score.UnmatchedFraction).End();
   constexpr std::string_view kNotMatched = " Not Matched R ";
   FreeFormLine(log_).Text(kNotMatched).Integer(score.NotMatchedR).Text(" S ").Integer(score.NotMatchedS).End();
-  ShowInPane(Record().A(kNotMatched).I(score.NotMatchedR, 12).A(" S ").I(score.NotMatchedS, 12).Text());
+  listener_.Take(Record().A(kNotMatched).I(score.NotMatchedR, 12).A(" S ").I(score.NotMatchedS, 12).Text());
 }
 
-void ComparisonReport::WriteAreaDetails(const PairScore& score, float SAF) {
+void ComparisonLog::WriteAreaDetails(const PairScore& score, float SAF) {
   FreeFormLine(log_).Text(" Sample Area ").Real(score.SAREA).End();
   FreeFormLine(log_).Text(" SAREA, Fract. FLimit").Real(score.SAREA).Real(score.Fract).Real(SAF).End();
-  ShowInPane(Record().A(" SAREA, Fract. FLimit ").G(score.SAREA).G(score.Fract).G(SAF).Text());
+  listener_.Take(Record().A(" SAREA, Fract. FLimit ").G(score.SAREA).G(score.Fract).G(SAF).Text());
 }
 
-void ComparisonReport::WriteResult(const ComparedPair& pair, const PairScore& score) {
-  // Without a reference band there is no band score; the column shows that as 0.
-  const float shown_bmatch = std::isnan(score.BMATCH) ? 0.0F : score.BMATCH;
+void ComparisonLog::WriteResult(const PairScore& score) {
   Record row;
-  row.X(1).I(pair.Reference.count, 5).I(pair.Sample.count, 5);
-  row.F(score.RMATCH, 7, 4).F(score.M2, 7, 4).F(shown_bmatch, 7, 3);
+  row.X(1).I(score.reference_count, 5).I(score.sample_count, 5);
+  row.F(score.RMATCH, 7, 4).F(score.M2, 7, 4).F(score.BMATCH, 7, 3);
   row.X(1).F(score.T4RS, 4, 0).X(1).F(score.RNM, 4, 0).X(1).F(score.RNM4, 4, 0);
-  row.I(pair.SampleBands.count, 4);
+  row.I(score.sample_band_count, 4);
   WriteHeadedRow("    Rno. Sno.  M1    M2    BMATCH T4R+S RNM RNM4 BN", row.Text());
 }
 

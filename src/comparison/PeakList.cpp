@@ -1,11 +1,16 @@
-#include "comparison/SortPeaksByIntensity.h"
+#include "comparison/PeakList.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
-namespace talven {
+#include "textio/Numbers.h"
 
+namespace talven {
 namespace {
+
+constexpr double kDegreesPerRadian = 57.29578F;
+constexpr double kTopIntensity = 99000.0;
 
 using PeakPlaces = Array1<std::int32_t, kPeakCapacity>;
 
@@ -50,6 +55,32 @@ void SortWithTies(PeakList& list) {
 }
 
 }  // namespace
+
+float FindTwoThetaLimit(float wavelength, float DSPACE) {
+  const double s = 1.0 / (2.0 * DSPACE) * wavelength;
+  const double theta = std::atan(s / std::sqrt((1.0 - s) * (1.0 + s)));
+  return Store(2.0 * kDegreesPerRadian * theta);
+}
+
+std::int32_t CountPeaksBelow(const PeakList& list, float limit) {
+  std::int32_t low_count = 0;
+  for (std::int32_t i = 1; i <= list.count; ++i)
+    if (list.TwoTheta[i] < limit) ++low_count;
+  return low_count;
+}
+
+float NormalisePeaks(PeakList& list) {
+  float highest = 0.0F;
+  for (std::int32_t i = 1; i <= list.count; ++i) highest = std::max(highest, list.Intensity[i]);
+  const double scale = Store(kTopIntensity / highest);
+  double area = 0.0;
+  for (std::int32_t i = 1; i <= list.count; ++i) {
+    const double scaled = list.Intensity[i] * scale;
+    area += kAreaPerCount * scaled;
+    list.Intensity[i] = Store(scaled);
+  }
+  return Store(area);
+}
 
 void SortPeaksByIntensity(PeakList& list) {
   // Before the other sort, since most files give the peaks by rising angle.

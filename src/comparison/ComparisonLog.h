@@ -1,4 +1,4 @@
-// Every line that a comparison writes, to its log and to the text pane.
+// The log of a comparison.
 //
 //     Talven_corvane LOG File                                          once for each comparison
 //     *****************************************                        then for each reference
@@ -14,52 +14,58 @@
 //        Rno. Sno.  M1    M2    BMATCH T4R+S RNM RNM4 BN
 //        5    5 1.0000 1.0000  1.000   4.   0.   0.   2
 //
-// Headings and file lines are free-form and so begin with one more blank in the log than in the pane. The heading's
-// Max.pk is the highest intensity of a band and Max.cnt its position. On purpose: the names stand as they always did.
+// Most lines are told to a listener as well, who shows them while the comparison goes on. Headings and file lines are
+// free-form and so begin with one more blank in the log. The heading's Max.pk is the highest intensity of a band and
+// Max.cnt its position. On purpose: the names stand as they always did.
 #pragma once
 
 #include <string_view>
 
-#include "comparison/BuildBands.h"
 #include "comparison/ComparisonSettings.h"
+#include "comparison/PeakBands.h"
 #include "comparison/ScorePair.h"
-#include "textio/OutputFile.h"
-#include "ui/TextPane.h"
+#include "textio/TextOutput.h"
 
 namespace talven {
 
-/// Log and pane outlive the report. Where nothing else is said a line goes to both, to the log first.
-class ComparisonReport {
+class LineListener {
  public:
-  ComparisonReport(OutputFile& log, TextPane& pane) : log_(log), pane_(pane) {}
+  virtual ~LineListener() = default;
+  virtual void Take(std::string_view line) = 0;
+};
 
-  /// The log's first line; nothing in the pane.
+/// Log and listener outlive the writer. Where nothing else is said a line goes to both, to the log first.
+class ComparisonLog {
+ public:
+  ComparisonLog(TextOutput& log, LineListener& listener) : log_(log), listener_(listener) {}
+
+  /// The log's first line, which is not told.
   void WriteTitle();
   /// Parts one run from the next.
   void WriteRunSeparator();
   /// A file and its folder, cut to 80 characters together. `label` is " Reference " or " Sample Name ".
   void WriteFileLine(std::string_view label, std::string_view file_name, std::string_view directory);
-  /// The limit in degrees; nothing in the pane.
+  /// The limit in degrees, which is not told.
   void WriteTwoThetaLimit(float limit);
-  /// Heading and values; to the pane first. On purpose: the column of Btres holds the last peak count of the band scan.
+  /// Heading and values; told first. On purpose: the column of Btres holds the last peak count of the band scan.
   void WriteSettings(const ComparisonSettings& settings, std::int32_t last_peak_count);
   void WriteBandHeading();
-  /// Band `number` with its start and end.
-  void WriteBand(std::int32_t number, const PeakBand& band);
+  /// The bands, counted from 1.
+  void WriteBands(const PeakBands& found);
   void WriteReferenceArea(float RefArea);
   /// The verbose lines of one sample; most stand in the log alone.
-  void WriteScoreDetails(const ComparedPair& pair, const PairScore& score, float SAF);
-  /// Heading and scores; to the pane first.
-  void WriteResult(const ComparedPair& pair, const PairScore& score);
+  void WriteScoreDetails(const PairScore& score, float SAF);
+  /// Heading and scores; told first.
+  void WriteResult(const PairScore& score);
 
  private:
-  void ShowInPane(std::string_view text);
   void WriteHeadedRow(std::string_view heading, std::string_view row);
+  void WriteBand(std::int32_t number, const PeakBand& band);
   void WritePeakScoreDetails(const PairScore& score);
   void WriteAreaDetails(const PairScore& score, float SAF);
 
-  OutputFile& log_;
-  TextPane& pane_;
+  TextOutput& log_;
+  LineListener& listener_;
 };
 
 }  // namespace talven

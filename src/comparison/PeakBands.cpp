@@ -1,4 +1,4 @@
-#include "comparison/BuildBands.h"
+#include "comparison/PeakBands.h"
 
 #include "textio/Numbers.h"
 
@@ -10,13 +10,13 @@ struct BandScan {
   const PeakList& list;
   const float BSep;
   const float Btres;
-  BandTable& table;
+  std::vector<PeakBand>& bands;
   /// The peak that the scan stands at.
   std::int32_t k = 0;
   /// Peaks in the open band.
   std::int32_t peaks = 0;
 
-  PeakBand& Row() { return table.rows[table.count]; }
+  PeakBand& Row() { return bands.back(); }
   bool IsAtEnd() const { return k >= list.count - 2; }
   bool Qualifies(std::int32_t peak) const { return list.Intensity[peak] > Btres; }
 };
@@ -32,8 +32,7 @@ bool FindFirstPeak(BandScan& scan) {
 
 void OpenBand(BandScan& scan) {
   scan.peaks = 1;
-  ++scan.table.count;
-  PeakBand& row = scan.Row();
+  PeakBand& row = scan.bands.emplace_back();
   row.Start = scan.list.TwoTheta[scan.k];
   row.HighestIntensity = scan.list.Intensity[scan.k];
   row.HighestPosition = scan.list.TwoTheta[scan.k];
@@ -65,7 +64,7 @@ void FillBand(BandScan& scan) {
     const bool joined = JoinNext(scan);
     scan.Row().End = scan.list.TwoTheta[joined ? scan.k + 1 : scan.k];
   } else if (scan.peaks == 1) {
-    --scan.table.count;
+    scan.bands.pop_back();
   } else {
     scan.Row().End = scan.list.TwoTheta[scan.k];
   }
@@ -73,20 +72,23 @@ void FillBand(BandScan& scan) {
 
 }  // namespace
 
-std::int32_t BuildBands(const PeakList& list, float BSep, float Btres, BandTable& table) {
-  table = BandTable();
-  BandScan scan{list, BSep, Btres, table};
+PeakBands BuildBands(const PeakList& list, float BSep, float Btres) {
+  PeakBands found;
+  BandScan scan{list, BSep, Btres, found.bands};
   while (FindFirstPeak(scan)) {
     OpenBand(scan);
     FillBand(scan);
-    if (scan.IsAtEnd()) return scan.peaks;
+    if (scan.IsAtEnd()) {
+      found.last_peak_count = scan.peaks;
+      break;
+    }
   }
-  return 1;
+  return found;
 }
 
-void ConvertToCentre(PeakBand& band) {
-  band.End = Store(static_cast<double>(band.End) - band.Start);
-  band.Start = Store(band.Start + 0.5 * band.End);
+BandCentre CentreOf(const PeakBand& band) {
+  const float width = Store(static_cast<double>(band.End) - band.Start);
+  return {Store(band.Start + 0.5 * width), band.HighestPosition};
 }
 
 }  // namespace talven

@@ -1,4 +1,4 @@
-#include "ui/PeakFileSelector.h"
+#include "handlers/PeakFileSelector.h"
 
 #include <string>
 #include <utility>
