@@ -3,8 +3,9 @@
 #include <array>
 
 #include "app/StartUp.h"
-#include "comparison/ComparePatterns.h"
-#include "patterns/IngToCif.h"
+#include "handlers/ComparePatterns.h"
+#include "handlers/PatternConversions.h"
+#include "handlers/ReformatIng.h"
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
 
@@ -28,19 +29,19 @@ void WriteHklFromFcf(Ui& ui, Program& program) {
   FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
 }
 void ConvertCif(Ui& ui, Program& program) {
-  CifToIng(ui, program.run, program.cif_to_ing);
+  CifToIng(ui, program.run, program.cif_names);
 }
 void ConvertIngToCif(Ui& ui, Program& program) {
   IngToCif(ui, program.run);
 }
 void Reformat(Ui& ui, Program& program) {
-  ReformatIng(ui, program.run, *program.reformat, program.run.Properties);
+  ReformatIng(ui, program.run, *program.reformat);
 }
 void ConvertIngToTxt(Ui& ui, Program& program) {
-  IngToTxt(ui, program.run, *program.ing_to_txt);
+  IngToTxt(ui, program.run);
 }
 void ConvertTxt(Ui& ui, Program& program) {
-  TxtToIng(ui, program.run, *program.txt_to_ing);
+  TxtToIng(ui, program.run);
 }
 
 /// Handlers by option number.
@@ -83,7 +84,7 @@ void RunOptions(Ui& ui, Program& program) {
     if (run.RunMode == 0) {
       choice = AskOption(ui.toolkit);
       if (choice.compare) {
-        ComparePatterns(ui, program.comparison);
+        ComparePatterns(ui, run.folder, program.comparison);
         ui.toolkit.WGrAreaClear();
         continue;
       }

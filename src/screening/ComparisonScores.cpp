@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <string>
 
-#include "comparison/BuildBands.h"
+#include "comparison/ComparePeakLists.h"
 #include "comparison/ComparisonSettings.h"
-#include "comparison/NormalisePeaks.h"
-#include "comparison/ScorePair.h"
-#include "comparison/SortPeaksByIntensity.h"
 #include "textio/FieldInput.h"
 #include "textio/Record.h"
 
@@ -33,15 +30,6 @@ SymmetricTable ProfileTable(double fwhm) {
   for (double distance = 0.0; distance < kProfileReach * fwhm; distance += table.step)
     table.values.push_back(PseudoVoigt(distance, fwhm));
   return table;
-}
-
-/// Scales a list, sorts it, and gives its area and its bands by centre and width.
-float Prepare(const ComparisonSettings& settings, PeakList& list, BandTable& bands) {
-  const float area = NormalisePeaks(list);
-  BuildBands(list, settings.BSep, settings.Btres, bands);
-  for (std::int32_t i = 1; i <= bands.count; ++i) ConvertToCentre(bands.rows[i]);
-  SortPeaksByIntensity(list);
-  return area;
 }
 
 }  // namespace
@@ -78,15 +66,11 @@ std::vector<Peak> TextbookPeaks(const ScreenTarget& target, const LineList& line
 }
 
 ComparisonScores CompareWithTarget(const ScreenTarget& target, const LineList& lines) {
-  ComparedPair pair;
-  pair.Reference = target.peaks;
-  pair.Sample = ListOf(TextbookPeaks(target, lines));
-  if (pair.Reference.count == 0 || pair.Sample.count == 0) return {};
-  const ComparisonSettings settings;
-  pair.RefArea = Prepare(settings, pair.Reference, pair.ReferenceBands);
-  Prepare(settings, pair.Sample, pair.SampleBands);
-  const PairScore score = ScorePair(pair, settings);
-  return {score.RMATCH, score.M2, score.BMATCH};
+  const PeakList sample = ListOf(TextbookPeaks(target, lines));
+  const auto wavelength = static_cast<float>(target.range.wavelength);
+  const std::optional<PairScore> score = ComparePeakLists(target.peaks, wavelength, sample, ComparisonSettings());
+  if (!score) return {};
+  return {score->RMATCH, score->M2, score->BMATCH};
 }
 
 }  // namespace talven

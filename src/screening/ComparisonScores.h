@@ -13,7 +13,6 @@ namespace talven {
 struct ComparisonScores {
   double m1 = 0.0;
   double m2 = 0.0;
-  /// No number where the measured list has no band.
   double bmatch = 0.0;
 };
 

@@ -1,13 +1,12 @@
 #include "screening/LoadCandidate.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <filesystem>
 #include <numbers>
 #include <utility>
 
-#include "comparison/ReadPeakList.h"
+#include "comparison/PeakListFile.h"
 #include "crystal/ModelFromCif.h"
 #include "crystal/ScatteringTables.h"
 #include "patterns/PatternFormats.h"
@@ -16,7 +15,6 @@
 #include "textio/FileNames.h"
 #include "textio/Folder.h"
 #include "textio/InputFile.h"
-#include "textio/LineCleaner.h"
 
 namespace talven {
 namespace {
@@ -103,8 +101,7 @@ PeakListReading LoadPeakList(const std::string& path) {
   InputFile file;
   OpenPath(path, file);
   if (HasWavelengthLine(file)) reading.wavelength = ReadWavelength(file);
-  LineCleaner cleaner;
-  ReadPeakList(file, cleaner, reading.peaks);
+  ReadPeakList(file, reading.peaks);
   if (reading.peaks.count == 0) throw FatalIoError(path + ": there are no marked peaks in it");
   return reading;
 }

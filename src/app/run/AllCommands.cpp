@@ -1,0 +1,10 @@
+#include "app/run/AllCommands.h"
+
+namespace talven {
+
+Commands AllCommands() {
+  Commands commands;
+  return commands;
+}
+
+}  // namespace talven
