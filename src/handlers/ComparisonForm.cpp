@@ -3,6 +3,7 @@
 #include "textio/Numbers.h"
 #include "ui/forms/ComparisonFields.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
