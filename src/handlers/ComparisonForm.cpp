@@ -1,7 +1,6 @@
 #include "handlers/ComparisonForm.h"
 
 #include "textio/Numbers.h"
-#include "ui/forms/ComparisonFields.h"
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormFields.h"
 

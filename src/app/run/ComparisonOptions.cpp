@@ -3,7 +3,7 @@
 #include <array>
 
 #include "app/run/OptionText.h"
-#include "ui/forms/ComparisonFields.h"
+#include "ui/forms/FormFields.h"
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormState.h"
 

@@ -9,7 +9,7 @@
 #include "shelx/ReadIndices.h"
 #include "shelx/WriteFcf.h"
 #include "textio/FatalIoError.h"
-#include "ui/forms/PatternFields.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
