@@ -8,12 +8,11 @@
 #include "handlers/ReformatIng.h"
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
 
-constexpr int kFirstOptionField = 1006;
-constexpr int kCompareField = 1015;
 constexpr std::int32_t kUnattendedOption = 5;
 
 void SimulateFromHkl(Ui& ui, Program& program) {
@@ -69,8 +68,8 @@ Choice AskOption(Toolkit& toolkit) {
   toolkit.WDialogLoad(kOptionForm);
   toolkit.WDialogSelect(kOptionForm);
   toolkit.WDialogShow(-1, -1, 0, kModal);
-  choice.option = toolkit.WDialogGetRadioButton(kFirstOptionField);
-  choice.compare = toolkit.WDialogGetCheckBox(kCompareField) == 1;
+  choice.option = toolkit.WDialogGetRadioButton(option_field::kOption);
+  choice.compare = toolkit.WDialogGetCheckBox(option_field::kCompare) == 1;
   toolkit.WDialogUnload(kOptionForm);
   toolkit.WGrAreaClear();
   choice.leave = toolkit.WDialogQuery(kExitButtonQuery) != kOkButton;

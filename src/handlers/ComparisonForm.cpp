@@ -2,46 +2,37 @@
 
 #include "textio/Numbers.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
 
-constexpr int kMostIntField = 1012;
-constexpr int kAngTolField = 1013;
-constexpr int kSafField = 1014;
-constexpr int kApplyField = 1015;
-constexpr int kNmfField = 1016;
-constexpr int kDSpaceField = 1017;
-constexpr int kVerboseField = 1018;
-constexpr int kT4mField = 1019;
-constexpr int kBtresField = 1020;
-constexpr int kBSepField = 1030;
-constexpr int kBerrField = 1034;
+namespace field = comparison_field;
 
 void FillForm(Toolkit& toolkit, const ComparisonSettings& settings, std::int32_t btres_refill) {
-  toolkit.WDialogPutReal(kAngTolField, settings.AngTol);
-  toolkit.WDialogPutReal(kNmfField, settings.NMF);
-  toolkit.WDialogPutReal(kSafField, settings.SAF);
-  toolkit.WDialogPutInteger(kT4mField, settings.WholeT4M());
-  toolkit.WDialogPutReal(kBSepField, settings.BSep);
-  toolkit.WDialogPutInteger(kBtresField, btres_refill);
-  toolkit.WDialogPutReal(kBerrField, settings.ShownBerr());
-  toolkit.WDialogPutReal(kDSpaceField, settings.DSPACE);
+  toolkit.WDialogPutReal(field::kAngTol, settings.AngTol);
+  toolkit.WDialogPutReal(field::kNmf, settings.NMF);
+  toolkit.WDialogPutReal(field::kSaf, settings.SAF);
+  toolkit.WDialogPutInteger(field::kT4m, settings.WholeT4M());
+  toolkit.WDialogPutReal(field::kBSep, settings.BSep);
+  toolkit.WDialogPutInteger(field::kBtres, btres_refill);
+  toolkit.WDialogPutReal(field::kBerr, settings.ShownBerr());
+  toolkit.WDialogPutReal(field::kDSpace, settings.DSPACE);
 }
 
 ComparisonSettings ReadForm(const Toolkit& toolkit) {
   return {
-      .AngTol = toolkit.WDialogGetReal(kAngTolField),
-      .NMF = toolkit.WDialogGetReal(kNmfField),
-      .SAF = toolkit.WDialogGetReal(kSafField),
-      .T4M = Store(toolkit.WDialogGetInteger(kT4mField)),
-      .BSep = toolkit.WDialogGetReal(kBSepField),
-      .Btres = Store(toolkit.WDialogGetInteger(kBtresField)),
-      .Berr = 2.0F * toolkit.WDialogGetReal(kBerrField),
-      .DSPACE = toolkit.WDialogGetReal(kDSpaceField),
-      .Apply = toolkit.WDialogGetCheckBox(kApplyField) == 1,
-      .Verbose = toolkit.WDialogGetCheckBox(kVerboseField) == 1,
-      .MostInt = toolkit.WDialogGetCheckBox(kMostIntField) == 1,
+      .AngTol = toolkit.WDialogGetReal(field::kAngTol),
+      .NMF = toolkit.WDialogGetReal(field::kNmf),
+      .SAF = toolkit.WDialogGetReal(field::kSaf),
+      .T4M = Store(toolkit.WDialogGetInteger(field::kT4m)),
+      .BSep = toolkit.WDialogGetReal(field::kBSep),
+      .Btres = Store(toolkit.WDialogGetInteger(field::kBtres)),
+      .Berr = 2.0F * toolkit.WDialogGetReal(field::kBerr),
+      .DSPACE = toolkit.WDialogGetReal(field::kDSpace),
+      .Apply = toolkit.WDialogGetCheckBox(field::kApply) == 1,
+      .Verbose = toolkit.WDialogGetCheckBox(field::kVerbose) == 1,
+      .MostInt = toolkit.WDialogGetCheckBox(field::kMostInt) == 1,
   };
 }
 

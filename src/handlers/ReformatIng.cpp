@@ -3,7 +3,7 @@
 #include "handlers/JobInput.h"
 #include "textio/OutputFile.h"
 #include "ui/forms/FormCatalogue.h"
-#include "ui/forms/PatternFields.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {

@@ -185,9 +185,19 @@ void Toolkit::IOsDeleteFile(std::string_view name) {
   Folder().Delete(name);
 }
 
+CommandLookup Toolkit::LookUp(std::string_view command) const {
+  return LookUpCommand(command, arguments_.empty() ? std::string_view() : arguments_.front());
+}
+
 int Toolkit::IOsExecute(std::string_view command) {
   WindowClose();
-  if (StartDetached(command)) return kExitNormal;
+  const CommandLookup lookup = LookUp(command);
+  if (lookup.command && lookup.needs_display && !HasDisplay()) {
+    TellOfProgram("not started, for there is no display: " + lookup.command->program);
+    return kExitNormal;
+  }
+  if (lookup.command) TellOfProgram("starting " + lookup.command->program + lookup.command->arguments);
+  if (lookup.command && StartDetached(*lookup.command)) return kExitNormal;
   WMessageBox({.icon = MessageIcon::kStop, .text = "Failed to execute program", .title = " "});
   return kExitRefused;
 }

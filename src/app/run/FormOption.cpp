@@ -4,7 +4,7 @@
 #include "app/run/OptionText.h"
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormState.h"
-#include "ui/forms/PatternFields.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {

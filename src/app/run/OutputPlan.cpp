@@ -48,6 +48,10 @@ class KnownFolders {
   std::unordered_map<std::string, Entry> folders_;
 };
 
+bool IsBroughtIn(const fs::path& path) {
+  return std::ranges::find(kBroughtIn, FoldCase(FromPath(path.extension()))) != kBroughtIn.end();
+}
+
 /// Gathers refusals, so that one call tells several.
 class Refusals {
  public:
@@ -122,7 +126,7 @@ class Planner {
   void CheckKind(const std::string& output) {
     const fs::path path = ToPath(output);
     std::error_code error;
-    if (std::ranges::find(kBroughtIn, FoldCase(FromPath(path.extension()))) == kBroughtIn.end()) return;
+    if (!IsBroughtIn(path)) return;
     if (inputs_by_key_.contains(KeyOf(output)) || !fs::exists(fs::symlink_status(path, error))) return;
     refusals_.Add(output + ": exists and may not be an output: give -o DIR or --replace");
   }
@@ -161,6 +165,15 @@ std::vector<PlannedInput> PlanOutputs(const std::vector<std::string>& inputs,
   }
   planner.ThrowAny();
   return plan;
+}
+
+void CheckCommonOutput(std::string_view option, const std::string& output, const std::vector<std::string>& inputs) {
+  std::error_code error;
+  const fs::path path = ToPath(output);
+  const bool is_input =
+      std::ranges::any_of(inputs, [&](const std::string& input) { return fs::equivalent(ToPath(input), path, error); });
+  if (is_input || (IsBroughtIn(path) && fs::exists(path, error)))
+    throw CommandLineError(std::string(option) + ": " + output + " exists and may not be replaced");
 }
 
 }  // namespace talven

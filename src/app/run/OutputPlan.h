@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "app/run/InputPath.h"
@@ -36,5 +37,9 @@ struct PlannedInput {
 /// same output, or where an output would replace what it may not.
 std::vector<PlannedInput> PlanOutputs(const std::vector<std::string>& inputs,
                                       const std::function<bool(std::size_t)>& is_own, const OutputRules& rules);
+
+/// Throws CommandLineError if a single output of a whole call, given by the name of its option, is one of the inputs or
+/// of a kind that is brought in from elsewhere and exists.
+void CheckCommonOutput(std::string_view option, const std::string& output, const std::vector<std::string>& inputs);
 
 }  // namespace talven

@@ -10,7 +10,7 @@
 #include "textio/FatalIoError.h"
 #include "textio/FixedText.h"
 #include "ui/RunState.h"
-#include "ui/forms/PatternFields.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {

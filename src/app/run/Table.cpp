@@ -3,7 +3,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
+
+#include "textio/FixedText.h"
+#include "textio/Record.h"
 
 namespace talven {
 namespace {
@@ -14,6 +16,9 @@ std::string Digits(Format... format) {
   const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), format...).ptr;
   return {buffer.data(), end};
 }
+
+/// Columns that hold any number of a table.
+constexpr std::size_t kWidest = 60;
 
 constexpr std::string_view kHexDigits = "0123456789abcdef";
 
@@ -64,7 +69,8 @@ Cell Cell::Real(float value) {
   return std::isfinite(value) ? Cell(Digits(value), Kind::kNumber) : Cell();
 }
 Cell Cell::Fixed(double value, int decimals) {
-  return std::isfinite(value) ? Cell(Digits(value, std::chars_format::fixed, decimals), Kind::kNumber) : Cell();
+  if (!std::isfinite(value)) return {};
+  return {std::string(Trim(Record().F(value, kWidest, decimals).Text())), Kind::kNumber};
 }
 
 std::string Cell::TabText() const {

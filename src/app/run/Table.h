@@ -18,7 +18,7 @@ class Cell {
   /// The shortest digits that give the same number again. Not-a-number and infinity are nothing.
   static Cell Real(double value);
   static Cell Real(float value);
-  /// With a fixed number of decimals, for values whose last digits mean nothing.
+  /// With a fixed number of decimals, rounded as in a field of a file.
   static Cell Fixed(double value, int decimals);
   template <typename Number>
   static Cell Optional(const std::optional<Number>& value) {

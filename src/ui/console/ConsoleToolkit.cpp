@@ -40,6 +40,13 @@ std::string FileHelp(const std::string& proposed_name) {
          "[help] a blank line or cancel: none\n";
 }
 
+/// Where a program was looked for, to stand behind what is told of it.
+std::string LookedAt(const CommandLookup& lookup) {
+  std::string text;
+  for (const std::string& path : lookup.looked_at) text += (text.empty() ? "; looked at " : ", ") + path;
+  return text;
+}
+
 }  // namespace
 
 ConsoleToolkit::ConsoleToolkit(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
@@ -60,9 +67,18 @@ void ConsoleToolkit::Tell(std::string_view lines) {
 }
 
 std::optional<int> ConsoleToolkit::IOsCommand(std::string_view command, int flags) {
-  FlushPane();
-  if ((flags & kWait) != 0) return RunAndWait(command);
-  return StartDetached(command) ? std::optional(0) : std::nullopt;
+  const CommandLookup lookup = LookUp(command);
+  if (!lookup.command) {
+    TellOfProgram("none found for " + std::string(command) + LookedAt(lookup));
+    return std::nullopt;
+  }
+  TellOfProgram("starting " + lookup.command->program + lookup.command->arguments);
+  if ((flags & kWait) != 0) return RunAndWait(*lookup.command);
+  return StartDetached(*lookup.command) ? std::optional(0) : std::nullopt;
+}
+
+void ConsoleToolkit::TellOfProgram(std::string_view line) {
+  Tell(std::string("[program] ").append(line).append("\n"));
 }
 
 int ConsoleToolkit::RunForm(FormState& form) {

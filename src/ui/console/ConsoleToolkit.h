@@ -32,6 +32,7 @@ class ConsoleToolkit : public Toolkit {
   void WGrAreaClear() override {}
   void IOsWait(int) override {}
   std::optional<int> IOsCommand(std::string_view command, int flags) override;
+  void TellOfProgram(std::string_view line) override;
 
  protected:
   int RunForm(FormState& form) override;
