@@ -9,6 +9,12 @@ namespace talven {
 std::vector<std::string> ProcessArguments(int argc, const char* const* argv) {
   std::error_code error;
   std::vector<std::string> arguments(argv, argv + argc);
+  // Found on the path it has no folder in what it was called by.
+  const auto itself = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (!error && !itself.empty()) {
+    arguments.front() = FromPath(itself);
+    return arguments;
+  }
   arguments.front() = FromPath(std::filesystem::absolute(ToPath(arguments.front()), error));
   return arguments;
 }

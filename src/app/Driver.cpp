@@ -3,16 +3,16 @@
 #include <array>
 
 #include "app/StartUp.h"
-#include "comparison/ComparePatterns.h"
-#include "patterns/IngToCif.h"
+#include "handlers/ComparePatterns.h"
+#include "handlers/PatternConversions.h"
+#include "handlers/ReformatIng.h"
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
 
-constexpr int kFirstOptionField = 1006;
-constexpr int kCompareField = 1015;
 constexpr std::int32_t kUnattendedOption = 5;
 
 void SimulateFromHkl(Ui& ui, Program& program) {
@@ -28,19 +28,19 @@ void WriteHklFromFcf(Ui& ui, Program& program) {
   FcfToHkl(ui, program.run, program.fcf_to_hkl, 0);
 }
 void ConvertCif(Ui& ui, Program& program) {
-  CifToIng(ui, program.run, program.cif_to_ing);
+  CifToIng(ui, program.run, program.cif_names);
 }
 void ConvertIngToCif(Ui& ui, Program& program) {
   IngToCif(ui, program.run);
 }
 void Reformat(Ui& ui, Program& program) {
-  ReformatIng(ui, program.run, *program.reformat, program.run.Properties);
+  ReformatIng(ui, program.run, *program.reformat);
 }
 void ConvertIngToTxt(Ui& ui, Program& program) {
-  IngToTxt(ui, program.run, *program.ing_to_txt);
+  IngToTxt(ui, program.run);
 }
 void ConvertTxt(Ui& ui, Program& program) {
-  TxtToIng(ui, program.run, *program.txt_to_ing);
+  TxtToIng(ui, program.run);
 }
 
 /// Handlers by option number.
@@ -68,8 +68,8 @@ Choice AskOption(Toolkit& toolkit) {
   toolkit.WDialogLoad(kOptionForm);
   toolkit.WDialogSelect(kOptionForm);
   toolkit.WDialogShow(-1, -1, 0, kModal);
-  choice.option = toolkit.WDialogGetRadioButton(kFirstOptionField);
-  choice.compare = toolkit.WDialogGetCheckBox(kCompareField) == 1;
+  choice.option = toolkit.WDialogGetRadioButton(option_field::kOption);
+  choice.compare = toolkit.WDialogGetCheckBox(option_field::kCompare) == 1;
   toolkit.WDialogUnload(kOptionForm);
   toolkit.WGrAreaClear();
   choice.leave = toolkit.WDialogQuery(kExitButtonQuery) != kOkButton;
@@ -83,7 +83,7 @@ void RunOptions(Ui& ui, Program& program) {
     if (run.RunMode == 0) {
       choice = AskOption(ui.toolkit);
       if (choice.compare) {
-        ComparePatterns(ui, program.comparison);
+        ComparePatterns(ui, run.folder, program.comparison);
         ui.toolkit.WGrAreaClear();
         continue;
       }

@@ -3,11 +3,9 @@
 
 #include <memory>
 
-#include "comparison/ComparePatterns.h"
-#include "patterns/CifToIng.h"
-#include "patterns/IngToTxt.h"
-#include "patterns/ReformatIng.h"
-#include "patterns/TxtToIng.h"
+#include "handlers/ComparePatterns.h"
+#include "patterns/Reformat.h"
+#include "patterns/SmallCif.h"
 #include "shelx/FcfToHkl.h"
 #include "shelx/InsToDummyHkl.h"
 #include "simulation/SimulationData.h"
@@ -34,11 +32,9 @@ struct Program {
   OnDemand<SimulationData> simulation;
   InsToDummyHklData ins_to_dummy_hkl;
   FcfToHklData fcf_to_hkl;
-  CifToIngData cif_to_ing;
-  OnDemand<ReformatData> reformat;
-  OnDemand<IngToTxtData> ing_to_txt;
-  OnDemand<TxtToIngData> txt_to_ing;
-  ComparisonData comparison;
+  SmallCifNames cif_names;
+  OnDemand<ReformatWork> reformat;
+  ComparisonSession comparison;
 };
 
 }  // namespace talven

@@ -4,11 +4,11 @@
 
 #include "app/DirectoryFile.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
 
-constexpr int kJobNameField = 1005;
 constexpr int kBannerHundredths = 100;
 
 void OpenWindow(Toolkit& toolkit) {
@@ -34,8 +34,8 @@ std::string ShowJobNameForm(Toolkit& toolkit, std::int32_t& length) {
   toolkit.WDialogLoad(kJobNameForm);
   toolkit.WDialogSelect(kJobNameForm);
   toolkit.WDialogShow(-1, -1, 0, kModal);
-  const std::string name = toolkit.WDialogGetString(kJobNameField);
-  length = toolkit.WDialogGetStringLength(kJobNameField);
+  const std::string name = toolkit.WDialogGetString(job_name_field::kJobName);
+  length = toolkit.WDialogGetStringLength(job_name_field::kJobName);
   toolkit.WDialogUnload(kJobNameForm);
   toolkit.WGrAreaClear();
   return name;

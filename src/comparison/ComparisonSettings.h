@@ -1,9 +1,9 @@
-// The settings of a comparison and the form that asks for them.
+// The settings of a comparison.
 #pragma once
 
 #include <cstdint>
 
-#include "ui/Ui.h"
+#include "textio/Numbers.h"
 
 namespace talven {
 
@@ -31,11 +31,7 @@ struct ComparisonSettings {
   bool MostInt = false;
 
   float ShownBerr() const { return 0.5F * Berr; }
-  std::int32_t WholeT4M() const;
+  std::int32_t WholeT4M() const { return NearestWhole(T4M); }
 };
-
-/// Shows the form, filled from the settings, and reads it back. The check boxes always come up off, and a value that a
-/// field refuses leaves the form's own default. On purpose: the field of Btres is filled from `btres_refill` instead.
-void AskComparisonSettings(Ui& ui, std::int32_t btres_refill, ComparisonSettings& settings);
 
 }  // namespace talven

@@ -1,4 +1,4 @@
-// The peaks of one powder pattern, as a peak list file gives them.
+// The peaks of one powder pattern: their scale, their order and the lines of large d-spacing among them.
 #pragma once
 
 #include <cstdint>
@@ -23,5 +23,20 @@ struct PeakList {
   /// The positions alone, by rising angle; set by the sort by intensity.
   Array1<float, kPeakCapacity> RisingTwoTheta;
 };
+
+/// The 2theta in degrees at which a plane spacing of DSPACE reflects a wavelength in Angstrom, by Bragg's law. No
+/// number if the wavelength is more than twice the spacing.
+float FindTwoThetaLimit(float wavelength, float DSPACE);
+
+/// How many peaks lie below an angle (degrees 2theta).
+std::int32_t CountPeaksBelow(const PeakList& list, float limit);
+
+/// Scales the intensities so that the strongest is 99000, and gives the area: the sum of a tenth of each, taken before
+/// the scaled values are rounded. If no intensity is above 0 the results are infinite or no numbers.
+float NormalisePeaks(PeakList& list);
+
+/// Sorts the peaks of a list, strongest first, and sets the rising positions. Peaks of equal intensity stand in the
+/// order that this very sort gives, and as the first four decide on a score, no other will do.
+void SortPeaksByIntensity(PeakList& list);
 
 }  // namespace talven

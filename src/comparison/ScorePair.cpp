@@ -50,6 +50,13 @@ Matches FindMatches(std::span<const float> first, std::span<const float> second,
   return matches;
 }
 
+/// Two patterns and the angle below which a peak has a large d-spacing.
+struct Pair {
+  const PreparedPeaks& Reference;
+  const PreparedPeaks& Sample;
+  float TwoThetaLimit;
+};
+
 /// The positions of the strongest peaks of a list, rising.
 std::span<const float> TakeStrongest(const PeakList& list, StrongestPositions& positions) {
   const auto strongest = list.TwoTheta.Range(1, std::min(list.count, kStrongest));
@@ -59,9 +66,9 @@ std::span<const float> TakeStrongest(const PeakList& list, StrongestPositions& p
   return taken;
 }
 
-void MatchPeaks(const ComparedPair& pair, double AngTol, PairScore& score) {
-  const auto reference = pair.Reference.RisingTwoTheta.Range(1, pair.Reference.count);
-  const auto sample = pair.Sample.RisingTwoTheta.Range(1, pair.Sample.count);
+void MatchPeaks(const Pair& pair, double AngTol, PairScore& score) {
+  const auto reference = pair.Reference.list.RisingTwoTheta.Range(1, pair.Reference.list.count);
+  const auto sample = pair.Sample.list.RisingTwoTheta.Range(1, pair.Sample.list.count);
   const Matches matches = FindMatches(reference, sample, AngTol, pair.TwoThetaLimit);
   score.RMATCH = Store(matches.pairs);
   score.LowMatchCount = matches.low_pairs;
@@ -71,79 +78,84 @@ void MatchPeaks(const ComparedPair& pair, double AngTol, PairScore& score) {
 
   StrongestPositions reference_positions;
   StrongestPositions sample_positions;
-  const auto reference_strongest = TakeStrongest(pair.Reference, reference_positions);
-  const auto sample_strongest = TakeStrongest(pair.Sample, sample_positions);
+  const auto reference_strongest = TakeStrongest(pair.Reference.list, reference_positions);
+  const auto sample_strongest = TakeStrongest(pair.Sample.list, sample_positions);
   score.T4RS = Store(FindMatches(reference_strongest, sample_strongest, AngTol).pairs);
   score.RNM4 = Store(FindMatches(reference_strongest, sample, AngTol).unmatched_first);
 }
 
 /// Relates the number of pairs to the number of peaks; a difference in size counts the same in either direction.
-void RelateToPeakCounts(const ComparedPair& pair, PairScore& score) {
-  float ratio = Store(1.0 / pair.Sample.count * pair.Reference.count);
+void RelateToPeakCounts(const Pair& pair, PairScore& score) {
+  float ratio = Store(1.0 / pair.Sample.list.count * pair.Reference.list.count);
   if (ratio < 1.0F) ratio = Store(1.0 / ratio);
-  score.RMATCH = Store(1.0 / pair.Reference.count * score.RMATCH * (1.0 / ratio));
+  score.RMATCH = Store(1.0 / pair.Reference.list.count * score.RMATCH * (1.0 / ratio));
   score.InitialRMATCH = score.RMATCH;
 }
 
-void PenaliseMissingPeaks(const ComparedPair& pair, const ComparisonSettings& settings, PairScore& score) {
+void PenaliseMissingPeaks(const Pair& pair, const ComparisonSettings& settings, PairScore& score) {
   score.has_few_strong = settings.T4M > score.T4RS;
   if (score.has_few_strong) score.RMATCH = Store(kFewStrongFactor * score.RMATCH);
-  score.UnmatchedFraction = Store(1.0 / pair.Reference.count * score.RNM);
+  score.UnmatchedFraction = Store(1.0 / pair.Reference.list.count * score.RNM);
   score.has_many_unmatched = settings.NMF < score.UnmatchedFraction;
   if (score.has_many_unmatched) score.RMATCH = Store(kUnmatchedFactor * score.RMATCH);
 }
 
 /// Rewards or rejects by the peaks of large d-spacing. On purpose: a sample that has none is rejected even where the
 /// reference has none either.
-void JudgeLargeD(const ComparedPair& pair, PairScore& score) {
-  if (pair.SampleLowCount > pair.RefLowCount || pair.SampleLowCount == 0) {
+void JudgeLargeD(const Pair& pair, PairScore& score) {
+  if (pair.Sample.low_count > pair.Reference.low_count || pair.Sample.low_count == 0) {
     score.RMATCH = Store(kLargeDRejected * score.RMATCH);
-  } else if (score.LowMatchCount == pair.RefLowCount) {
+  } else if (score.LowMatchCount == pair.Reference.low_count) {
     score.RMATCH = Store(kLargeDAgreed * score.RMATCH);
   }
 }
 
 /// Rejects a sample whose strongest peak lies above the limit while the reference's does not. On purpose: it comes
 /// after the cap.
-void JudgeMostIntense(const ComparedPair& pair, PairScore& score) {
-  if (pair.Reference.TwoTheta[1] <= pair.TwoThetaLimit && pair.TwoThetaLimit < pair.Sample.TwoTheta[1])
+void JudgeMostIntense(const Pair& pair, PairScore& score) {
+  if (pair.Reference.list.TwoTheta[1] <= pair.TwoThetaLimit && pair.TwoThetaLimit < pair.Sample.list.TwoTheta[1])
     score.RMATCH = Store(kMostIntFactor * score.RMATCH);
 }
 
-void ScoreAreas(const ComparedPair& pair, float SAF, PairScore& score) {
+void ScoreAreas(const Pair& pair, float SAF, PairScore& score) {
   double area = 0.0;
-  for (std::int32_t j = 1; j <= pair.Sample.count; ++j)
-    area = std::abs(area + kAreaPerCount * pair.Sample.Intensity[j]);
+  for (std::int32_t j = 1; j <= pair.Sample.list.count; ++j)
+    area = std::abs(area + kAreaPerCount * pair.Sample.list.Intensity[j]);
   score.SAREA = Store(area);
-  score.Fract = Store(std::abs((static_cast<double>(pair.RefArea) - score.SAREA) * (1.0 / pair.RefArea)));
+  score.Fract = Store(std::abs((static_cast<double>(pair.Reference.area) - score.SAREA) * (1.0 / pair.Reference.area)));
   score.M2 = score.RMATCH;
   if (score.Fract > SAF) score.M2 = Store(std::abs(kAreaFactor * score.RMATCH * (1.0 / score.SAREA)));
 }
 
 /// How far two bands lie apart, degrees: the distances of the centres and of the highest peaks together.
-double BandDistance(const PeakBand& a, const PeakBand& b) {
-  return std::abs(static_cast<double>(a.Start) - b.Start) +
+double BandDistance(const BandCentre& a, const BandCentre& b) {
+  return std::abs(static_cast<double>(a.Centre) - b.Centre) +
          std::abs(static_cast<double>(a.HighestPosition) - b.HighestPosition);
 }
 
 /// The share of bands that match. Each sample band goes to the first reference band that is near enough, which may take
 /// several, so that the score can pass 1.
-float ScoreBands(const ComparedPair& pair, double Berr) {
-  Array1<bool, kPeakCapacity / 2> is_taken;
+float ScoreBands(const Pair& pair, double Berr) {
+  if (pair.Reference.bands.empty()) return 0.0F;
+  std::array<bool, kPeakCapacity> is_taken{};
   std::int32_t matches = 0;
-  for (std::int32_t i = 1; i <= pair.ReferenceBands.count; ++i)
-    for (std::int32_t k = 1; k <= pair.SampleBands.count; ++k)
-      if (!is_taken[k] && BandDistance(pair.ReferenceBands.rows[i], pair.SampleBands.rows[k]) < Berr) {
+  for (const BandCentre& band : pair.Reference.bands)
+    for (std::size_t k = 0; k < pair.Sample.bands.size(); ++k)
+      if (!is_taken[k] && BandDistance(band, pair.Sample.bands[k]) < Berr) {
         is_taken[k] = true;
         ++matches;
       }
-  return Store(1.0 / pair.ReferenceBands.count * matches);
+  return Store(1.0 / static_cast<double>(pair.Reference.bands.size()) * matches);
 }
 
 }  // namespace
 
-PairScore ScorePair(const ComparedPair& pair, const ComparisonSettings& settings) {
-  PairScore score;
+PairScore ScorePair(const PreparedPeaks& reference, const PreparedPeaks& sample, float two_theta_limit,
+                    const ComparisonSettings& settings) {
+  const Pair pair{reference, sample, two_theta_limit};
+  PairScore score{.reference_count = reference.list.count,
+                  .sample_count = sample.list.count,
+                  .sample_band_count = static_cast<std::int32_t>(sample.bands.size())};
   MatchPeaks(pair, settings.AngTol, score);
   RelateToPeakCounts(pair, score);
   PenaliseMissingPeaks(pair, settings, score);

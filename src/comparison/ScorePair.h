@@ -1,31 +1,33 @@
 // Scoring a sample against a reference: peak by peak, by total intensity, and band by band.
 #pragma once
 
-#include "comparison/BuildBands.h"
+#include <vector>
+
 #include "comparison/ComparisonSettings.h"
+#include "comparison/PeakBands.h"
 #include "comparison/PeakList.h"
 
 namespace talven {
 
-/// Two patterns that are ready to be scored: peaks normalised and strongest first, bands as centre and width.
-struct ComparedPair {
-  PeakList Reference;
-  PeakList Sample;
-  BandTable ReferenceBands;
-  BandTable SampleBands;
-  float RefArea = 0.0F;
-  /// Peaks below this angle have a large d-spacing; degrees 2theta.
-  float TwoThetaLimit = 0.0F;
-  /// Peaks below the limit. On purpose: the reference's count grows with every reference of a comparison.
-  std::int32_t RefLowCount = 0;
-  std::int32_t SampleLowCount = 0;
+/// A pattern that is ready to be scored.
+struct PreparedPeaks {
+  /// Normalised and strongest first.
+  PeakList list;
+  std::vector<BandCentre> bands;
+  float area = 0.0F;
+  /// Peaks of large d-spacing.
+  std::int32_t low_count = 0;
 };
 
 /// The scores, under the log's names, and what the verbose log tells of how they came about.
 struct PairScore {
+  std::int32_t reference_count = 0;
+  std::int32_t sample_count = 0;
+  std::int32_t sample_band_count = 0;
   /// Peak score, called M1 in the log: at first the number of matching pairs, in the end 0 to 1.
   float RMATCH = 0.0F;
   float M2 = 0.0F;
+  /// Band score: 0 if the reference has no band.
   float BMATCH = 0.0F;
   /// Matching pairs of which both peaks are among the four strongest.
   float T4RS = 0.0F;
@@ -45,7 +47,8 @@ struct PairScore {
   float Fract = 0.0F;
 };
 
-/// Both lists have at least one peak. BMATCH is no number if the reference has no band.
-PairScore ScorePair(const ComparedPair& pair, const ComparisonSettings& settings);
+/// Peaks below `two_theta_limit`, degrees, have a large d-spacing. Both lists have at least one peak.
+PairScore ScorePair(const PreparedPeaks& reference, const PreparedPeaks& sample, float two_theta_limit,
+                    const ComparisonSettings& settings);
 
 }  // namespace talven

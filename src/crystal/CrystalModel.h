@@ -69,6 +69,10 @@ struct ModelReading {
 /// and Tillmanns, Acta Cryst. C44 (1988) 775).
 double EquivalentIsotropic(const std::array<double, 6>& u, const Lattice& lattice);
 
+/// The largest change that an operator makes to the cell's metric, as a part of it: 0 for a cell that has the symmetry
+/// of its operators.
+double MetricMisfit(const Lattice& lattice, const SymmetryGroup& symmetry);
+
 /// The special position that a position lies on or near.
 struct Site {
   Vector3 position = {};

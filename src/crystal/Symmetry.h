@@ -84,6 +84,8 @@ class SymmetryGroup {
   std::vector<MillerIndex> EquivalentsInHalf(const MillerIndex& index) const;
   /// The greatest equivalent, compared by h, then k, then l: it stands for all.
   MillerIndex Representative(const MillerIndex& index) const;
+  /// How many different equivalents there are, -h -k -l included, if the index is its own representative; else 0.
+  int MultiplicityIfRepresentative(const MillerIndex& index) const;
 
  private:
   std::vector<SymmetryOperator> operators_;

@@ -154,52 +154,57 @@ double MeasureWidth(const Pattern& pattern, const Background& background) {
 
 }  // namespace
 
-PreparedPeaks PreparePeaks(const Pattern& pattern, const PeakOptions& options) {
-  PreparedPeaks prepared;
-  prepared.wavelength = options.wavelength ? options.wavelength : pattern.wavelength;
-  prepared.alpha2_wavelength_ratio = Alpha2Ratio(prepared.wavelength, pattern.wavelength_alpha2);
+PeakSearch SearchPeaks(const Pattern& pattern, const PeakOptions& options) {
+  PeakSearch search;
+  search.wavelength = options.wavelength ? options.wavelength : pattern.wavelength;
+  search.alpha2_wavelength_ratio = Alpha2Ratio(search.wavelength, pattern.wavelength_alpha2);
   Background background{MakeEvenGrid(pattern, kFinestBackgroundStep), {}};
-  prepared.notices = background.grid.notices;
-  prepared.fwhm = options.fwhm.value_or(kWidthOfNothing);
-  prepared.background = pattern.counts;
+  search.notices = background.grid.notices;
+  search.fwhm = options.fwhm.value_or(kWidthOfNothing);
+  search.background = pattern.counts;
   if (background.grid.PointCount() < 2) {
-    prepared.notices.emplace_back("too few points for a peak");
-    return prepared;
+    search.notices.emplace_back("too few points for a peak");
+    return search;
   }
   background.values = EstimateBackground(background.grid);
-  prepared.background = InterpolateGrid(background.grid, background.values, pattern.two_theta);
-  if (!options.fwhm) prepared.fwhm = MeasureWidth(pattern, background);
-  Scan scan = ScanPattern(pattern, background, prepared.fwhm);
-  prepared.candidates = std::move(scan.candidates);
+  search.background = InterpolateGrid(background.grid, background.values, pattern.two_theta);
+  if (!options.fwhm) search.fwhm = MeasureWidth(pattern, background);
+  Scan scan = ScanPattern(pattern, background, search.fwhm);
+  search.candidates = std::move(scan.candidates);
   if (scan.is_scaled)
-    prepared.notices.emplace_back("the counts are no whole numbers; their error was taken from their scatter");
-  return prepared;
+    search.notices.emplace_back("the counts are no whole numbers; their error was taken from their scatter");
+  return search;
 }
 
-PickedPeaks PickPeaks(const PreparedPeaks& prepared, const PeakOptions& options) {
+void KeepStrongest(std::vector<Peak>& peaks, std::size_t count) {
+  if (peaks.size() <= count) return;
+  std::ranges::stable_sort(peaks, std::ranges::greater(), &Peak::height);
+  peaks.resize(count);
+  std::ranges::stable_sort(peaks, {}, &Peak::two_theta);
+}
+
+PickedPeaks PickPeaks(const PeakSearch& search, const PeakOptions& options) {
   PickedPeaks picked;
-  picked.background = prepared.background;
-  picked.fwhm = prepared.fwhm;
-  picked.wavelength = prepared.wavelength;
-  picked.notices = prepared.notices;
-  for (const PeakCandidate& candidate : prepared.candidates)
+  picked.background = search.background;
+  picked.fwhm = search.fwhm;
+  picked.wavelength = search.wavelength;
+  picked.notices = search.notices;
+  for (const PeakCandidate& candidate : search.candidates)
     if (candidate.significance > options.threshold) picked.peaks.push_back(candidate.peak);
-  TagAlpha2(prepared.alpha2_wavelength_ratio, picked.peaks);
+  TagAlpha2(search.alpha2_wavelength_ratio, picked.peaks);
   picked.alpha2_count = static_cast<std::size_t>(std::ranges::count(picked.peaks, true, &Peak::is_alpha2));
   if (!options.keep_alpha2) std::erase_if(picked.peaks, [](const Peak& peak) { return peak.is_alpha2; });
   if (picked.peaks.size() > kListedPeaks) {
     picked.left_out_count = picked.peaks.size() - kListedPeaks;
     picked.notices.push_back("more than 100 peaks; the weakest were left out: " +
                              std::to_string(picked.left_out_count));
-    std::ranges::stable_sort(picked.peaks, std::ranges::greater(), &Peak::height);
-    picked.peaks.resize(kListedPeaks);
-    std::ranges::stable_sort(picked.peaks, {}, &Peak::two_theta);
+    KeepStrongest(picked.peaks, kListedPeaks);
   }
   return picked;
 }
 
 PickedPeaks PickPeaks(const Pattern& pattern, const PeakOptions& options) {
-  return PickPeaks(PreparePeaks(pattern, options), options);
+  return PickPeaks(SearchPeaks(pattern, options), options);
 }
 
 }  // namespace talven

@@ -50,6 +50,9 @@ struct PickedPeaks {
   std::vector<std::string> notices;
 };
 
+/// Leaves the strongest so many of peaks that stand by rising angle; of equal ones the first.
+void KeepStrongest(std::vector<Peak>& peaks, std::size_t count);
+
 /// A local maximum of the negative second derivative.
 struct PeakCandidate {
   Peak peak;
@@ -58,7 +61,7 @@ struct PeakCandidate {
 };
 
 /// All that does not depend on the threshold and on what is kept, so that both can be tried at little cost.
-struct PreparedPeaks {
+struct PeakSearch {
   /// By rising angle.
   std::vector<PeakCandidate> candidates;
   std::vector<double> background;
@@ -70,10 +73,10 @@ struct PreparedPeaks {
 };
 
 /// The slow part of the work, linear in the points.
-PreparedPeaks PreparePeaks(const Pattern& pattern, const PeakOptions& options);
+PeakSearch SearchPeaks(const Pattern& pattern, const PeakOptions& options);
 
 /// The quick part: of the options only the threshold and what is kept are looked at.
-PickedPeaks PickPeaks(const PreparedPeaks& prepared, const PeakOptions& options);
+PickedPeaks PickPeaks(const PeakSearch& search, const PeakOptions& options);
 
 /// Both. Savitzky and Golay, Anal. Chem. 36 (1964) 1627, for the second derivative; Mariscotti, Nucl. Instrum. Methods
 /// 50 (1967) 309, for its test against the error.

@@ -3,28 +3,23 @@
 #include <array>
 
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
-
-constexpr int kRemoveAbsenceField = 1015;
-constexpr int kHMaxField = 1019;
-constexpr int kKMaxField = 1020;
-constexpr int kLMaxField = 1021;
-constexpr int kFirstLatticeField = 1006;
 
 /// Gives whether the user wants an absence removed.
 bool AskLimits(Toolkit& toolkit, HklLimits& limits) {
   toolkit.WDialogLoad(kIndexLimitForm);
   toolkit.WDialogSelect(kIndexLimitForm);
-  toolkit.WDialogPutInteger(kHMaxField, limits.HMax);
-  toolkit.WDialogPutInteger(kKMaxField, limits.KMax);
-  toolkit.WDialogPutInteger(kLMaxField, limits.LMax);
+  toolkit.WDialogPutInteger(index_limit_field::kHMax, limits.HMax);
+  toolkit.WDialogPutInteger(index_limit_field::kKMax, limits.KMax);
+  toolkit.WDialogPutInteger(index_limit_field::kLMax, limits.LMax);
   toolkit.WDialogShow(-1, -1, 0, kModal);
-  const bool remove_absence = toolkit.WDialogGetCheckBox(kRemoveAbsenceField) == 1;
-  limits.HMax = toolkit.WDialogGetInteger(kHMaxField);
-  limits.KMax = toolkit.WDialogGetInteger(kKMaxField);
-  limits.LMax = toolkit.WDialogGetInteger(kLMaxField);
+  const bool remove_absence = toolkit.WDialogGetCheckBox(index_limit_field::kRemoveAbsence) == 1;
+  limits.HMax = toolkit.WDialogGetInteger(index_limit_field::kHMax);
+  limits.KMax = toolkit.WDialogGetInteger(index_limit_field::kKMax);
+  limits.LMax = toolkit.WDialogGetInteger(index_limit_field::kLMax);
   toolkit.WDialogUnload(kIndexLimitForm);
   toolkit.WGrAreaClear();
   return remove_absence;
@@ -36,7 +31,7 @@ AbsenceRule AskAbsence(Toolkit& toolkit) {
   toolkit.WDialogLoad(kAbsenceForm);
   toolkit.WDialogSelect(kAbsenceForm);
   toolkit.WDialogShow(-1, -1, 0, kModal);
-  const std::int32_t choice = toolkit.WDialogGetRadioButton(kFirstLatticeField);
+  const std::int32_t choice = toolkit.WDialogGetRadioButton(absence_field::kLattice);
   toolkit.WDialogUnload(kAbsenceForm);
   toolkit.WGrAreaClear();
   return kRules.at(static_cast<std::size_t>(choice));

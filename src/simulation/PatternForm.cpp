@@ -2,7 +2,7 @@
 
 #include "simulation/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
-#include "ui/forms/PatternFields.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {

@@ -51,13 +51,13 @@ std::error_code CopyIn(const Folder& folder, std::string_view from, std::string_
 }  // namespace
 
 std::optional<fs::path> Folder::PathOf(std::string_view name) const {
-  const auto path = NativePath(name);
-  if (!path || directory_.empty()) return path;
-  return directory_ / *path;
+  auto path = NativePath(name);
+  if (path && !directory_.empty()) path = directory_ / *path;
+  return path;
 }
 
 std::optional<fs::path> Folder::Find(std::string_view name) const {
-  const auto path = PathOf(name);
+  auto path = PathOf(name);
   if (!path) return std::nullopt;
   std::error_code error;
   if (fs::exists(*path, error)) return path;

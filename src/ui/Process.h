@@ -1,10 +1,9 @@
-// The streams of this process, and starting other programs. A command is composed as `C:\exe\kestra.exe ABC C:`: a
-// program's name without blanks, then its arguments.
+// The streams of this process, and starting other programs.
 #pragma once
 
 #include <optional>
-#include <string>
-#include <string_view>
+
+#include "ui/CommandLookup.h"
 
 namespace talven {
 
@@ -13,22 +12,14 @@ namespace talven {
 /// end the process without a word.
 void EnsureStandardStreams();
 
-struct Command {
-  /// Path of the program that exists.
-  std::string program;
-  /// What is composed behind its name, as it stands.
-  std::string arguments;
-};
-
-/// Takes a composed command apart and looks for its program without regard to case, then without its `.exe`. Nothing
-/// if there is no such program.
-std::optional<Command> FindCommand(std::string_view command);
+/// True where a program that is started could show a window.
+bool HasDisplay();
 
 /// Starts a program that goes on by itself, with no terminal. False if it could not be started.
-bool StartDetached(std::string_view command);
+bool StartDetached(const Command& command);
 
 /// Starts a program and gives its exit code (128 and more after a signal), or nothing if it could not be started. It
 /// gets no input, and what it prints goes to this process's standard error.
-std::optional<int> RunAndWait(std::string_view command);
+std::optional<int> RunAndWait(const Command& command);
 
 }  // namespace talven

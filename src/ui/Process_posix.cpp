@@ -5,6 +5,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "ui/Process.h"
@@ -64,16 +67,21 @@ void EnsureStandardStreams() {
   for (const int number : {SIGPIPE, SIGXFSZ}) std::signal(number, [](int) {});
 }
 
-bool StartDetached(std::string_view command) {
-  const auto found = FindCommand(command);
-  return found && Spawn(*found, true).has_value();
+bool HasDisplay() {
+  for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* const value = std::getenv(name);
+    if (value != nullptr && *value != '\0') return true;
+  }
+  return false;
 }
 
-std::optional<int> RunAndWait(std::string_view command) {
-  const auto found = FindCommand(command);
-  if (!found) return std::nullopt;
+bool StartDetached(const Command& command) {
+  return Spawn(command, true).has_value();
+}
+
+std::optional<int> RunAndWait(const Command& command) {
   std::signal(SIGCHLD, SIG_DFL);  // Ignored by the caller it would take the exit code away.
-  const auto child = Spawn(*found, false);
+  const auto child = Spawn(command, false);
   if (!child) return std::nullopt;
   int status = 0;
   while (waitpid(*child, &status, 0) < 0)

@@ -39,11 +39,9 @@ class ChildStreams {
 };
 
 /// Starts a program, on the given streams or detached without any; the caller closes both handles.
-std::optional<PROCESS_INFORMATION> Start(std::string_view command, const ChildStreams* streams) {
-  const auto found = FindCommand(command);
-  if (!found) return std::nullopt;
-  const std::wstring program = ToPath(found->program).wstring();
-  std::wstring line = L'"' + program + L'"' + ToPath(found->arguments).wstring();
+std::optional<PROCESS_INFORMATION> Start(const Command& command, const ChildStreams* streams) {
+  const std::wstring program = ToPath(command.program).wstring();
+  std::wstring line = L'"' + program + L'"' + ToPath(command.arguments).wstring();
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   if (streams != nullptr) streams->PutInto(startup);
@@ -64,13 +62,17 @@ void CloseHandles(const PROCESS_INFORMATION& process) {
 
 void EnsureStandardStreams() {}  // Files take no descriptors of the streams here.
 
-bool StartDetached(std::string_view command) {
+bool HasDisplay() {
+  return true;
+}
+
+bool StartDetached(const Command& command) {
   const auto process = Start(command, nullptr);
   if (process) CloseHandles(*process);
   return process.has_value();
 }
 
-std::optional<int> RunAndWait(std::string_view command) {
+std::optional<int> RunAndWait(const Command& command) {
   const ChildStreams streams;
   const auto process = Start(command, &streams);
   if (!process) return std::nullopt;

@@ -7,6 +7,7 @@
 
 #include "textio/Array1.h"
 #include "textio/FixedText.h"
+#include "textio/Folder.h"
 
 namespace talven {
 
@@ -19,6 +20,8 @@ using PatternProperties = Array1<float, 8>;
 
 /// Owned by the driver, handed to every handler by reference.
 struct RunState {
+  /// Where the files of the session lie.
+  Folder folder;
   JobText JobName;
   /// Trimmed length of the job name, measured when it came in.
   std::int32_t JobNameLength = 0;

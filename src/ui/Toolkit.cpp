@@ -130,12 +130,13 @@ void Toolkit::WMessageBox(const Message& message) {
 void Toolkit::WSelectFile(std::string_view filter, int flags, std::string& name, std::string_view title) {
   const auto chosen = AskFile({filter, name, std::string(title)});
   outcome_ = chosen ? 1 : 0;
-  if (!chosen) return;
-  name = *chosen;
-  if ((flags & kKeepDirectory) == 0) return;
-  std::error_code error;
-  const std::filesystem::path directory = ToPath(name).parent_path();
-  if (directory != std::filesystem::current_path(error)) std::filesystem::current_path(directory, error);
+  if (chosen) name = *chosen;
+  if (chosen && (flags & kKeepDirectory) != 0) {
+    std::error_code error;
+    const std::filesystem::path directory = ToPath(name).parent_path();
+    if (directory != std::filesystem::current_path(error)) std::filesystem::current_path(directory, error);
+  }
+  ShowDirectory();
 }
 
 int Toolkit::WDialogQuery(int what) const {
@@ -184,9 +185,19 @@ void Toolkit::IOsDeleteFile(std::string_view name) {
   Folder().Delete(name);
 }
 
+CommandLookup Toolkit::LookUp(std::string_view command) const {
+  return LookUpCommand(command, arguments_.empty() ? std::string_view() : arguments_.front());
+}
+
 int Toolkit::IOsExecute(std::string_view command) {
   WindowClose();
-  if (StartDetached(command)) return kExitNormal;
+  const CommandLookup lookup = LookUp(command);
+  if (lookup.command && lookup.needs_display && !HasDisplay()) {
+    TellOfProgram("not started, for there is no display: " + lookup.command->program);
+    return kExitNormal;
+  }
+  if (lookup.command) TellOfProgram("starting " + lookup.command->program + lookup.command->arguments);
+  if (lookup.command && StartDetached(*lookup.command)) return kExitNormal;
   WMessageBox({.icon = MessageIcon::kStop, .text = "Failed to execute program", .title = " "});
   return kExitRefused;
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "textio/Folder.h"
+#include "ui/CommandLookup.h"
 #include "ui/forms/FormState.h"
 
 namespace talven {
@@ -131,14 +132,20 @@ class Toolkit {
   virtual void IOsWait(int hundredths) = 0;
   void IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
   void IOsDeleteFile(std::string_view name);
-  /// Starts a program; with flag 2 returns when it has finished, with its exit code, or nothing if it could not be
-  /// started.
+  /// Starts a program, or the companion in its place (see LookUpCommand); with flag 2 returns when it has finished,
+  /// with its exit code, or nothing if it could not be started.
   virtual std::optional<int> IOsCommand(std::string_view command, int flags) = 0;
-  /// Closes the main window and starts a program without waiting. Gives the exit code with which this process then
-  /// ends: 0, or 2 after a message box if the program could not be started.
+  /// Closes the main window and starts a program, or the companion in its place, without waiting. Gives the exit code
+  /// with which this process then ends: 0, or 2 after a message box if the program could not be started. A companion
+  /// with a window is not started where there is no display; that is no failure.
   int IOsExecute(std::string_view command);
 
  protected:
+  /// The program that a composed command means here.
+  CommandLookup LookUp(std::string_view command) const;
+  /// Says which program is started, or why none is, apart from all that the logic shows.
+  virtual void TellOfProgram(std::string_view line) = 0;
+
   struct FileRequest {
     std::string_view filter;
     std::string proposed_name;
@@ -154,6 +161,8 @@ class Toolkit {
   virtual int AskMessage(const Message& message) = 0;
   /// The full path of the chosen file, or nothing after a cancel. May change the current directory on the way.
   virtual std::optional<std::string> AskFile(const FileRequest& request) = 0;
+  /// A file selector has been answered, and the current directory changed if it was to be.
+  virtual void ShowDirectory() {}
 
  private:
   FormState* Current();

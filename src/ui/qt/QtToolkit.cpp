@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QTimer>
+#include <cstdio>
 
 #include "ui/Process.h"
 #include "ui/qt/CommandWindow.h"
@@ -74,13 +75,18 @@ void QtToolkit::IOsWait(int hundredths) {
 }
 
 std::optional<int> QtToolkit::IOsCommand(std::string_view command, int flags) {
-  if ((flags & kWait) == 0) return StartDetached(command) ? std::optional(0) : std::nullopt;
-  const auto found = FindCommand(command);
+  const auto found = LookUp(command).command;
   if (!found) return std::nullopt;
+  TellOfProgram("starting " + found->program + found->arguments);
+  if ((flags & kWait) == 0) return StartDetached(*found) ? std::optional(0) : std::nullopt;
   if (window_) window_->setEnabled(false);
   const auto exit_code = CommandWindow(*found, window_.get()).Run((flags & kHidden) != 0);
   if (window_) window_->setEnabled(true);
   return exit_code;
+}
+
+void QtToolkit::TellOfProgram(std::string_view line) {
+  std::fprintf(stderr, "talven: %s\n", std::string(line).c_str());
 }
 
 void QtToolkit::RunDialog(QDialog& dialog) {

@@ -38,6 +38,7 @@ class QtToolkit : public Toolkit {
   void WGrAreaClear() override;
   void IOsWait(int hundredths) override;
   std::optional<int> IOsCommand(std::string_view command, int flags) override;
+  void TellOfProgram(std::string_view line) override;
 
  protected:
   int RunForm(FormState& form) override;

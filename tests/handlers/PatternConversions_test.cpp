@@ -1,0 +1,49 @@
+// Options 2 to 4, 8 and 9 as a session: their limits.
+#include <gtest/gtest.h>
+
+#include "support/Session.h"
+#include "support/TestFiles.h"
+
+namespace talven::test {
+namespace {
+
+struct Conversions : testing::Test, TestDirectory {};
+
+SessionResult RunJob(const std::string& answers) { return RunSession({"ABC", "C:"}, "1006=" + answers + "exit\n"); }
+
+/// An ING file. Range is first and last angle and the step, in lines.
+std::string Ing(const std::string& range, int count, const std::string& rows) {
+  return "any title\n1.54\n" + range + "\n4.\n" + std::to_string(count) + "\n" + rows;
+}
+
+using Case = std::pair<std::string, std::string>;
+
+TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
+  const std::string other = "4\nok\n1006=3\nok\n", to_text = "8\nok\n", from_text = "9\nok\n";
+  std::string many;
+  for (int i = 0; i <= 100'000; ++i) many += "4 1\n";
+  // Rows, a row that stands behind an unreadable one, cells, the cell of a row, bins; points of option 8.
+  for (const auto& [ing, option] :
+       {Case{Ing("4\n5\n.05", 100'001, many), other}, Case{Ing("4\n5\n.05", 2'000'000'000, "4 x\n"), other},
+        Case{Ing("0\n1001\n.05", 1, "4 1\n"), other}, Case{Ing("4\n5\n.05", 1, "1005 1\n"), other},
+        Case{Ing("4\n160\n.05", 1, "4 1\n"), "4\nok\n1014=.001\n1006=3\nok\n"},
+        Case{Ing("0\n30001\n1", 1, "4 1\n"), to_text}}) {
+    WriteFile("ABC.ING", ing);
+    WriteFile("NEW.ING", "");
+    EXPECT_EQ(RunJob(option + "1006=3\nok\n").Boxes(),
+              option == to_text ? "30,000 point limit\n" : "100,000 point limit\n")
+        << ing.substr(0, 40);
+    EXPECT_EQ(ReadFile(option == to_text ? "ABC.TXT" : "NEW.ING"), "");
+    EXPECT_TRUE(std::filesystem::remove("NEW.CIF"));
+  }
+  // At the limit; of a text what lies beyond is not read.
+  WriteFile("ABC.ING", Ing("0\n30000\n1", 1, many));
+  EXPECT_EQ(RunJob(to_text).Boxes(), "");
+  EXPECT_EQ(CountLines(ReadFile("ABC.TXT")), 3'750 + 3'000);
+  WriteFile("ABC.TXT", many);
+  RunJob(from_text);
+  EXPECT_EQ(CountLines(ReadFile("ABC.ING")), 7 + 100'000);
+}
+
+}  // namespace
+}  // namespace talven::test
