@@ -7,6 +7,9 @@
 namespace talven {
 namespace {
 
+constexpr int kFewestPixels = 200;
+constexpr int kMostPixels = 10'000;
+
 template <typename T, std::size_t N>
 void TakeChoice(const QCommandLineParser& parser, const char* name,
                 const std::array<std::pair<const char*, T>, N>& choices, T& value) {
@@ -29,15 +32,16 @@ std::optional<double> PositiveNumber(const QCommandLineParser& parser, const cha
   throw ViewOptionsError{QString("--%1: expected a positive number, found '%2'").arg(name, parser.value(name))};
 }
 
-int Pixels(const QCommandLineParser& parser, const char* name, int usual) {
-  constexpr int kLeast = 200;
-  constexpr int kMost = 10'000;
+int WholeNumber(const QCommandLineParser& parser, const char* name, int usual, int least, int most) {
   if (!parser.isSet(name)) return usual;
   bool is_number = false;
   const int value = parser.value(name).toInt(&is_number);
-  if (is_number && value >= kLeast && value <= kMost) return value;
-  throw ViewOptionsError{
-      QString("--%1: expected %2 to %3 pixels, found '%4'").arg(name).arg(kLeast).arg(kMost).arg(parser.value(name))};
+  if (is_number && value >= least && value <= most) return value;
+  throw ViewOptionsError{QString("--%1: expected a whole number from %2 to %3, found '%4'")
+                             .arg(name)
+                             .arg(least)
+                             .arg(most)
+                             .arg(parser.value(name))};
 }
 
 void DeclareOptions(QCommandLineParser& parser) {
@@ -46,7 +50,7 @@ void DeclareOptions(QCommandLineParser& parser) {
     parser.addOption(QCommandLineOption(flag));
   }
   for (const char* const option :
-       {"export", "along", "up", "arrange", "width", "height", "fwhm", "threshold", "wavelength"}) {
+       {"export", "along", "up", "arrange", "width", "height", "fwhm", "threshold", "wavelength", "ranking", "row"}) {
     parser.addOption(QCommandLineOption(option, {}, "value"));
   }
 }
@@ -82,7 +86,10 @@ ViewOptions ParseViewOptions(const QStringList& arguments) {
   }
   TakeSettings(parser, options.settings);
   options.output = parser.value("export");
-  options.size = {Pixels(parser, "width", options.size.width()), Pixels(parser, "height", options.size.height())};
+  options.size = {WholeNumber(parser, "width", options.size.width(), kFewestPixels, kMostPixels),
+                  WholeNumber(parser, "height", options.size.height(), kFewestPixels, kMostPixels)};
+  options.ranking = parser.value("ranking");
+  options.ranking_row = WholeNumber(parser, "row", options.ranking_row, 1, 1'000'000);
   options.shows_peaks = parser.isSet("peaks");
   options.peaks.fwhm = PositiveNumber(parser, "fwhm");
   options.peaks.wavelength = PositiveNumber(parser, "wavelength");
@@ -116,6 +123,8 @@ QString ViewUsage() {
          "  --arrange measured|normalised|stacked\n"
          "  --difference             the first file minus the second, below\n"
          "  --peaks                  shows background and peaks\n"
+         "  --ranking TABLE          calculated lines of a row of talven-run screen's table, below the pattern\n"
+         "  --row N                  which row (1)\n"
          "  --width N --height N     size of an exported picture in pixels (1000, 600)\n"
          "\n"
          "  --threshold T            standard errors that a peak has to rise above the noise (3.5)\n"

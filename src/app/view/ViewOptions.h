@@ -22,6 +22,9 @@ struct ViewOptions {
   QSize size{1000, 600};
   PlotSettings settings;
   bool shows_peaks = false;
+  /// A table of a screening, and which of its rows, from 1, stands below the first file.
+  QString ranking;
+  int ranking_row = 1;
   PeakOptions peaks;
 };
 

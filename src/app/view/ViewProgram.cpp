@@ -63,7 +63,9 @@ bool Load(PlotWidget& plot, const ViewOptions& options, std::ostream& messages) 
   if (!(options.settings == PlotSettings{})) plot.ApplySettings(options.settings);
   if (options.peaks.wavelength) plot.GiveWavelength(*options.peaks.wavelength);
   if (options.shows_peaks) plot.PickPeaksWith(options.peaks);
-  return true;
+  if (options.ranking.isEmpty() || plot.OpenRanking(options.ranking, options.ranking_row)) return true;
+  messages << "talven-view: " << plot.Message().toStdString() << '\n';
+  return false;
 }
 
 int Export(const ViewOptions& options, std::ostream& messages) {

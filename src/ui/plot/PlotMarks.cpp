@@ -13,6 +13,8 @@ constexpr double kTickLength = 9.0;
 constexpr double kLabelGap = 3.0;
 constexpr int kLongestLabel = 90;
 constexpr double kMarkSize = 4.0;
+/// The strip of calculated lines, pixels.
+constexpr int kStickStrip = 80;
 
 void MakeLayer(PlotCanvas& canvas) {
   canvas.addLayer(PlotMarks::kLayer, canvas.layer("main"), QCustomPlot::limAbove);
@@ -32,6 +34,7 @@ QRect PlotMarks::clipRect() const {
 }
 
 int PlotMarks::StripHeight() const {
+  if (!canvas_.Model().Sticks().sticks.empty()) return kStickStrip + QFontMetrics(canvas_.font()).height();
   const auto& ticks = canvas_.Model().Ticks();
   if (ticks.empty()) return 0;
   std::size_t longest = 0;
@@ -42,11 +45,31 @@ int PlotMarks::StripHeight() const {
 }
 
 void PlotMarks::draw(QCPPainter* painter) {
-  DrawReflections(*painter);
+  if (canvas_.Model().Sticks().sticks.empty()) {
+    DrawReflections(*painter);
+  } else {
+    DrawSticks(*painter);
+  }
   painter->setClipRect(canvas_.axisRect()->rect());
   if (canvas_.ArePeaksShown()) DrawPeaks(*painter);
   DrawCursor(*painter);
   DrawBand(*painter);
+}
+
+void PlotMarks::DrawSticks(QCPPainter& painter) const {
+  const QRect rect = canvas_.axisRect()->rect();
+  const double text_height = QFontMetricsF(canvas_.font()).height();
+  const double foot = rect.bottom() + StripHeight();
+  const double full = StripHeight() - text_height - 2.0 * kLabelGap;
+  painter.setFont(canvas_.font());
+  painter.setPen(QPen(canvas_.Colours().reflections, 1.0));
+  painter.drawText(QRectF(rect.left() + kLabelGap, rect.bottom() + 1.0, rect.width() - kLabelGap, text_height),
+                   Qt::AlignLeft | Qt::AlignVCenter, QString::fromStdString(canvas_.Model().Sticks().title));
+  for (const Stick& stick : canvas_.Model().Sticks().sticks) {
+    const double x = canvas_.PixelOf(stick.two_theta);
+    if (x < rect.left() || x > rect.right()) continue;
+    painter.drawLine(QPointF(x, foot), QPointF(x, foot - std::max(stick.share * full, 1.0)));
+  }
 }
 
 void PlotMarks::DrawReflections(QCPPainter& painter) const {

@@ -25,6 +25,7 @@ class PlotMarks : public QCPLayerable {
   QRect clipRect() const override;
 
  private:
+  void DrawSticks(QCPPainter& painter) const;
   void DrawReflections(QCPPainter& painter) const;
   void DrawPeaks(QCPPainter& painter) const;
   void DrawCursor(QCPPainter& painter) const;

@@ -35,6 +35,7 @@ struct PlotWidget::Parts {
   QAction* open = nullptr;
   QAction* overlay = nullptr;
   QAction* remove_overlays = nullptr;
+  QAction* ranking = nullptr;
   QAction* export_plot = nullptr;
   QAction* difference = nullptr;
   QAction* show_all = nullptr;

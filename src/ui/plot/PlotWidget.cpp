@@ -135,7 +135,7 @@ void PlotWidget::Redraw(bool keeps_view) {
   const bool has_overlay = p.model.Series().size() > 1;
   p.remove_overlays->setEnabled(has_overlay);
   p.difference->setEnabled(has_overlay);
-  for (QAction* const action : {p.export_plot, p.show_all, p.fit_height, p.zoom_in, p.zoom_out, p.peaks}) {
+  for (QAction* const action : {p.ranking, p.export_plot, p.show_all, p.fit_height, p.zoom_in, p.zoom_out, p.peaks}) {
     action->setEnabled(has_pattern);
   }
   p.save_peaks->setEnabled(has_pattern);

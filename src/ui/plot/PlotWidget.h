@@ -16,6 +16,7 @@ namespace talven {
 
 struct PeakChoices;
 struct PeakOptions;
+struct RankingRow;
 
 class PlotWidget : public QWidget {
   Q_OBJECT
@@ -32,6 +33,9 @@ class PlotWidget : public QWidget {
   /// Reads any file with a pattern. What went wrong stands in the message line, and false comes back.
   bool OpenFile(const QString& path);
   bool OverlayFile(const QString& path);
+  /// Reads a screening's ranking and shows its rows in a window beside; the first, or `row` (from 1), stands below the
+  /// pattern. Candidates are looked for from the table's folder, then from the current one.
+  bool OpenRanking(const QString& path, int row = 1);
   /// Of the last thing that went wrong or was noticed; empty if nothing was.
   QString Message() const;
 
@@ -76,6 +80,8 @@ class PlotWidget : public QWidget {
   void ShowMessage(const QString& text);
   void AskOpen(bool as_overlay);
   void AskWavelength();
+  void AskRanking();
+  bool ShowRankingRow(const RankingRow& row, const QString& folder);
   void AskExport();
   void AskSavePeaks();
   void FillEarlier(QMenu& menu);

@@ -23,6 +23,7 @@ void PlotWidget::MakeActions() {
     parts_->model.RemoveOverlays();
     Redraw(false);
   });
+  p.ranking = make(tr("Open a Ran&king..."), "ranking", {}, [this] { AskRanking(); });
   p.export_plot = make(tr("&Export..."), "export", QKeySequence("Ctrl+E"), [this] { AskExport(); });
   p.show_all = make(tr("Show &All"), "showAll", {}, [this] { parts_->canvas->ShowAll(); });
   p.fit_height = make(tr("&Fit Height"), "fitHeight", {}, [this] { parts_->canvas->FitHeight(); });
@@ -99,7 +100,7 @@ void PlotWidget::FillMenus(QMenu& file, QMenu& view, QMenu& peaks) {
   file.addActions({p.open, p.overlay});
   QMenu* const earlier = file.addMenu(tr("Overlay an &Earlier Pattern"));
   connect(earlier, &QMenu::aboutToShow, this, [this, earlier] { FillEarlier(*earlier); });
-  file.addAction(p.remove_overlays);
+  file.addActions({p.remove_overlays, p.ranking});
   file.addSeparator();
   file.addActions({p.export_plot, p.save_peaks});
   view.addActions({p.show_all, p.fit_height, p.zoom_in, p.zoom_out, p.band, p.difference, p.wavelength});

@@ -1,4 +1,5 @@
 // What a plot reads and writes.
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -8,9 +9,11 @@
 #include "patterns/PatternFormats.h"
 #include "peaks/PeakListFile.h"
 #include "textio/FatalIoError.h"
+#include "textio/InputFile.h"
 #include "textio/OutputFile.h"
 #include "ui/plot/PlotExport.h"
 #include "ui/plot/PlotParts.h"
+#include "ui/plot/RankingDialog.h"
 
 namespace talven {
 namespace {
@@ -69,6 +72,55 @@ void PlotWidget::AskOpen(bool as_overlay) {
   for (const QString& path : paths) {
     if (!path.isEmpty()) as_overlay ? OverlayFile(path) : OpenFile(path);
   }
+}
+
+void PlotWidget::AskRanking() {
+  const QString path = QFileDialog::getOpenFileName(this, tr("Open a ranking"), parts_->folder,
+                                                    tr("Tables (*.tsv *.txt);;All files (*)"));
+  if (!path.isEmpty()) OpenRanking(path);
+}
+
+bool PlotWidget::OpenRanking(const QString& path, int row) {
+  if (parts_->model.IsEmpty()) {
+    ShowMessage(tr("Open the measured pattern first: a ranking stands below it."));
+    return false;
+  }
+  const QFileInfo place(path);
+  const QString folder = place.absolutePath();
+  try {
+    InputFile file;
+    file.OpenRequired(Folder(std::filesystem::path(folder.toStdU16String())), place.fileName().toStdString());
+    const std::vector<RankingRow> rows = ReadRanking(file);
+    if (row < 1 || static_cast<std::size_t>(row) > rows.size()) {
+      ShowMessage(tr("%1: there is no row %2.").arg(place.fileName()).arg(row));
+      return false;
+    }
+    auto* const dialog = new RankingDialog(place.fileName(), rows, this);
+    connect(dialog, &RankingDialog::RowChosen, this,
+            [this, rows, folder](int chosen) { ShowRankingRow(rows[static_cast<std::size_t>(chosen)], folder); });
+    dialog->show();
+    ShowMessage({});
+    dialog->Choose(row - 1);
+  } catch (const FatalIoError& error) {
+    ShowMessage(QString::fromUtf8(error.what()));
+  }
+  return Message().isEmpty();
+}
+
+bool PlotWidget::ShowRankingRow(const RankingRow& row, const QString& folder) {
+  const QString name = QString::fromStdString(row.candidate);
+  const QString beside = QDir(folder).filePath(name);
+  PlotModel& model = parts_->model;
+  try {
+    const QString path = QFileInfo::exists(beside) ? beside : name;
+    model.ShowSticks(SticksOf(row, path.toStdString(), model.Series().front().pattern, model.Wavelength()));
+  } catch (const FatalIoError& error) {
+    ShowMessage(QString::fromUtf8(error.what()));
+    return false;
+  }
+  ShowMessage({});
+  Redraw(true);
+  return true;
 }
 
 bool PlotWidget::ExportTo(const QString& path, std::optional<QSize> size) {

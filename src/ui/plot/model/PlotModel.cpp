@@ -52,8 +52,15 @@ void PlotModel::Show(PlotSeries series) {
     earlier_.insert(earlier_.begin(), std::exchange(series_.front(), std::move(series)));
     if (earlier_.size() > kKeptEarlier) earlier_.pop_back();
   }
+  sticks_ = {};
   ticks_ = GatherReflections(series_.front().pattern);
   Arrange();
+}
+
+void PlotModel::ShowSticks(StickSet sticks) {
+  sticks_ = std::move(sticks);
+  ticks_.clear();
+  for (const Stick& stick : sticks_.sticks) ticks_.push_back({stick.two_theta, stick.label});
 }
 
 void PlotModel::AddOverlay(PlotSeries series) {

@@ -8,6 +8,7 @@
 
 #include "crystal/Pattern.h"
 #include "ui/plot/model/AxisScale.h"
+#include "ui/plot/model/Ranking.h"
 
 namespace talven {
 
@@ -110,7 +111,11 @@ class PlotModel {
   bool HasDifference() const { return !difference_.counts.empty(); }
   Curve DifferenceCurve(const PlotRange& along, std::size_t columns) const;
 
-  /// By rising 2theta.
+  /// Calculated lines below the pattern, in place of its reflections, until another pattern is shown.
+  void ShowSticks(StickSet sticks);
+  const StickSet& Sticks() const { return sticks_; }
+
+  /// The reflections of the sticks or else of the pattern, by rising 2theta.
   const std::vector<ReflectionTick>& Ticks() const { return ticks_; }
   /// Nothing without a pattern.
   std::optional<PlotReading> ReadAt(double two_theta) const;
@@ -141,6 +146,7 @@ class PlotModel {
   Pattern difference_;
   Placing difference_placing_;
   std::vector<ReflectionTick> ticks_;
+  StickSet sticks_;
 };
 
 }  // namespace talven

@@ -40,6 +40,7 @@ std::string PlotModel::Description() const {
     for (std::size_t i = 1; i < series_.size(); ++i) text += (i == 1 ? " " : ", ") + series_[i].title;
     text += ".";
   }
+  if (!sticks_.sticks.empty()) text += " Calculated lines below: " + sticks_.title + ".";
   if (HasDifference()) text += " The difference to the first overlay stands below.";
   if (IsWavelengthAssumed()) text += " The file tells no wavelength; 1.54056 Å is assumed.";
   return text;
