@@ -2,31 +2,24 @@
 
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
 #include <memory>
-#include <sstream>
 
 #include "crystal/CellGeometry.h"
-#include "simulation/DuplicateRemoval.h"
-#include "simulation/ProfileSynthesis.h"
-#include "simulation/ReflectionSource.h"
-#include "simulation/SimulationOutputs.h"
+#include "patterns/CpiFile.h"
+#include "patterns/PatFile.h"
+#include "patterns/ReflectionListing.h"
+#include "patterns/XyFile.h"
+#include "patterns/ing/SimulatedIng.h"
+#include "shelx/ReadReflections.h"
+#include "simulation/PrepareReflections.h"
+#include "simulation/Simulation.h"
 #include "textio/OutputFile.h"
-#include "ui/console/ConsoleToolkit.h"
 
 namespace talven {
 namespace {
 
 constexpr std::int32_t kRows = kReflectionLimit - 10;
-
-UnitCell LargeCell() {
-  UnitCell cell;
-  cell.a = cell.b = cell.c = 45.0F;
-  cell.Volume = 45.0F * 45.0F * 45.0F;
-  cell.alpha = cell.beta = cell.gamma = 90.0F;
-  DeriveReciprocalCell(cell);
-  return cell;
-}
+constexpr UnitCell kCell{1.54F, 45.0F, 45.0F, 45.0F, 90.0F, 90.0F, 90.0F};
 
 /// Rows of an HKL file with indices up to 24, in measured order.
 std::string Rows() {
@@ -41,33 +34,26 @@ std::string Rows() {
 }
 
 struct Bench {
-  std::istringstream input;
-  std::ostringstream output;
-  std::ostringstream messages;
-  ConsoleToolkit toolkit{{"bench"}, input, output, messages, false};
-  Ui ui{toolkit};
-  std::string name = (std::filesystem::temp_directory_path() / "talven-bench.hkl").string();
-  UnitCell cell = LargeCell();
-  std::unique_ptr<ReflectionList> list = std::make_unique<ReflectionList>();
-  std::unique_ptr<PatternGrid> grid = std::make_unique<PatternGrid>();
-  std::unique_ptr<SynthesisData> work = std::make_unique<SynthesisData>();
-  OutputFile scratch;
-  ProfileParameters parameters{.Step = 0.005F, .TwoThetaMin = 4.0F, .SymmetricalPeaks = true, .PowderCorrection = true};
+  TextInput source{"bench.hkl", Rows()};
+  std::unique_ptr<SimulationData> data = std::make_unique<SimulationData>();
+  ReflectionList& list = data->list;
+  SynthesisData& work = data->synthesis;
+  PatternOptions options{.Step = 0.005F};
 
   Bench() {
-    OutputFile file;
-    file.Open(Folder(), name);
-    file.WriteLine(Rows());
-    file.Close();
-    grid->PointCount = kLargestPointCount;
+    work.PointCount = kLargestPointCount;
     Read();
   }
-  ~Bench() { std::filesystem::remove(name); }
-
   void Read() {
-    InputFile source;
-    IndexRange range;
-    if (source.Open(Folder(), name)) ReadReflectionSource(ui, source, false, cell, {1.54F, 0.0F}, *list, range);
+    source.Rewind();
+    ReadHklReflections(source, DeriveReciprocalCell(kCell), options.Limits(), list);
+  }
+  void Synthesise() {
+    BinReflections(list, options, work);
+    BroadenPeaks(options, work);
+    ApplyPowderCorrection(options, work);
+    FinishIntensities(work);
+    FillPoints(list, work, data->pattern);
   }
 };
 
@@ -80,11 +66,11 @@ BENCHMARK(ReadRows);
 
 void MergeDuplicates(benchmark::State& state) {
   Bench bench;
-  for (std::int32_t i = 1; i <= kRows; ++i) bench.list->H[i] = i / static_cast<std::int32_t>(state.range(0));
-  const auto unmerged = std::make_unique<ReflectionList>(*bench.list);
+  for (std::int32_t i = 1; i <= kRows; ++i) bench.list.H[i] = i / static_cast<std::int32_t>(state.range(0));
+  const auto unmerged = std::make_unique<ReflectionList>(bench.list);
   for (auto _ : state) {
-    *bench.list = *unmerged;
-    RemoveDuplicates(*bench.list);
+    bench.list = *unmerged;
+    RemoveDuplicates(bench.list);
   }
   state.SetItemsProcessed(state.iterations() * kRows);
 }
@@ -92,28 +78,29 @@ BENCHMARK(MergeDuplicates)->Arg(1)->Arg(2)->Arg(kRows);
 
 void Synthesise(benchmark::State& state) {
   Bench bench;
-  bench.parameters.Broadening = static_cast<float>(state.range(0));
-  for (auto _ : state) {
-    BinReflections(*bench.list, bench.parameters, bench.scratch, *bench.grid, *bench.work);
-    BroadenPeaks(bench.parameters, *bench.grid, *bench.work);
-    ApplyPowderCorrection(bench.parameters, *bench.grid);
-    FinishIntensities(*bench.grid, *bench.work);
-  }
+  bench.options.Broadening = static_cast<float>(state.range(0));
+  for (auto _ : state) bench.Synthesise();
 }
 BENCHMARK(Synthesise)->Arg(1)->Arg(10);
 
 void WriteOutputs(benchmark::State& state) {
   Bench bench;
-  BinReflections(*bench.list, bench.parameters, bench.scratch, *bench.grid, *bench.work);
-  PatternFiles files;
-  OutputFile rows;
-  for (OutputFile* const file : {&files.ing, &files.cpi, &files.xy, &files.pat, &rows})
-    file->Open(Folder(), "/dev/null");
-  const PatternHead head{.TrimmedJobName = "bench", .Wavelength = 1.54F, .Step = 0.005F, .date = {}, .time = {}};
+  bench.Synthesise();
+  Pattern& pattern = bench.data->pattern;
+  pattern.title = "bench";
+  pattern.step_time = 1000.0;
+  OutputFile file;
+  file.Open(Folder(), "/dev/null");
   for (auto _ : state) {
-    WriteReflectionList(*bench.list, rows);
-    WriteHeads(head, *bench.grid, bench.ui.line, files);
-    WriteRows(head, *bench.list, *bench.grid, files);
+    WriteReflectionListing(bench.list, file);
+    WriteSimulatedIngHead(pattern, file);
+    SimulatedIngRows ing_rows(pattern);
+    for (std::size_t i = 0; i < pattern.PointCount(); ++i) {
+      WriteCpiRow(pattern, i, file);
+      WriteXyRow(pattern, i, file);
+      ing_rows.WriteNext(file);
+    }
+    WritePatRows(pattern, file);
   }
 }
 BENCHMARK(WriteOutputs);

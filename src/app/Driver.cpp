@@ -6,7 +6,7 @@
 #include "handlers/ComparePatterns.h"
 #include "handlers/PatternConversions.h"
 #include "handlers/ReformatIng.h"
-#include "simulation/SimulatePattern.h"
+#include "handlers/SimulatePattern.h"
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormFields.h"
 
@@ -16,10 +16,10 @@ namespace {
 constexpr std::int32_t kUnattendedOption = 5;
 
 void SimulateFromHkl(Ui& ui, Program& program) {
-  SimulatePattern(ui, program.run, *program.simulation, 0, program.run.Properties);
+  SimulatePattern(ui, program.run, *program.simulation, kHklSource);
 }
 void SimulateFromFcf(Ui& ui, Program& program) {
-  SimulatePattern(ui, program.run, *program.simulation, 1, program.run.Properties);
+  SimulatePattern(ui, program.run, *program.simulation, kFcfSource);
 }
 void WriteDummyHkl(Ui& ui, Program& program) {
   InsToDummyHkl(ui, program.run, program.ins_to_dummy_hkl, program.fcf_to_hkl, *program.simulation);

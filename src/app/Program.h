@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "handlers/ComparePatterns.h"
+#include "handlers/FcfToHkl.h"
+#include "handlers/InsToDummyHkl.h"
 #include "patterns/Reformat.h"
 #include "patterns/SmallCif.h"
-#include "shelx/FcfToHkl.h"
-#include "shelx/InsToDummyHkl.h"
-#include "simulation/SimulationData.h"
+#include "simulation/Simulation.h"
 #include "ui/RunState.h"
 
 namespace talven {

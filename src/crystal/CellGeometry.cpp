@@ -11,6 +11,10 @@ double Radians(float degrees) {
   return degrees * (1.0 / kDegreesPerRadian);
 }
 
+double CosineOf(float degrees) {
+  return std::cos(Radians(degrees));
+}
+
 double SineOf(float degrees) {
   return std::sin(Radians(degrees));
 }
@@ -32,37 +36,47 @@ std::int32_t AngleCode(const UnitCell& cell, double tolerance) {
   return is_at(cell.beta, 120.0) ? 3 : 1;
 }
 
-}  // namespace
-
-double CosineOf(float degrees) {
-  return std::cos(Radians(degrees));
-}
-
 /// V = abc sqrt(1 - cos^2 alpha - cos^2 beta - cos^2 gamma + 2 cos alpha cos beta cos gamma), International Tables.
-float CellVolume(const UnitCell& cell, double ca, double cb, double cg) {
+float VolumeOf(const UnitCell& cell, double ca, double cb, double cg) {
   const float root = Store(std::fabs(1.0 - ca * ca - cb * cb - cg * cg + 2.0 * ca * cb * cg));
   return Store(static_cast<double>(cell.a) * cell.b * cell.c * std::sqrt(static_cast<double>(root)));
 }
 
-void DeriveReciprocalCell(UnitCell& cell) {
+/// The cosines and the volume.
+ReciprocalCell BeginReciprocalCell(const UnitCell& cell, VolumeCosines cosines) {
+  const double ca = CosineOf(cell.alpha);
+  const double cb = CosineOf(cell.beta);
+  const double cg = CosineOf(cell.gamma);
+  ReciprocalCell reciprocal{.CosAlpha = Store(ca), .CosBeta = Store(cb), .CosGamma = Store(cg)};
+  reciprocal.Volume = cosines == VolumeCosines::kUnrounded
+                          ? VolumeOf(cell, ca, cb, cg)
+                          : VolumeOf(cell, reciprocal.CosAlpha, reciprocal.CosBeta, reciprocal.CosGamma);
+  return reciprocal;
+}
+
+}  // namespace
+
+ReciprocalCell DeriveReciprocalCell(const UnitCell& cell, VolumeCosines cosines) {
+  ReciprocalCell reciprocal = BeginReciprocalCell(cell, cosines);
   const double a = cell.a;
   const double b = cell.b;
   const double c = cell.c;
   const double sa = SineOf(cell.alpha);
   const double sb = SineOf(cell.beta);
   const double sg = SineOf(cell.gamma);
-  const double ca = cell.CosAlpha;
-  const double cb = cell.CosBeta;
-  const double cg = cell.CosGamma;
-  cell.AStar = Store(b * c * sa / cell.Volume);
-  cell.BStar = Store(a * c * sb / cell.Volume);
-  cell.CStar = Store(a * b * sg / cell.Volume);
-  cell.AStarSquared = Store(static_cast<double>(cell.AStar) * cell.AStar);
-  cell.BStarSquared = Store(static_cast<double>(cell.BStar) * cell.BStar);
-  cell.CStarSquared = Store(static_cast<double>(cell.CStar) * cell.CStar);
-  cell.CosAlphaStar = Store((cb * cg - ca) / (sb * sg));
-  cell.CosBetaStar = Store((ca * cg - cb) / (sa * sg));
-  cell.CosGammaStar = Store((ca * cb - cg) / (sa * sb));
+  const double ca = reciprocal.CosAlpha;
+  const double cb = reciprocal.CosBeta;
+  const double cg = reciprocal.CosGamma;
+  reciprocal.AStar = Store(b * c * sa / reciprocal.Volume);
+  reciprocal.BStar = Store(a * c * sb / reciprocal.Volume);
+  reciprocal.CStar = Store(a * b * sg / reciprocal.Volume);
+  reciprocal.AStarSquared = Store(static_cast<double>(reciprocal.AStar) * reciprocal.AStar);
+  reciprocal.BStarSquared = Store(static_cast<double>(reciprocal.BStar) * reciprocal.BStar);
+  reciprocal.CStarSquared = Store(static_cast<double>(reciprocal.CStar) * reciprocal.CStar);
+  reciprocal.CosAlphaStar = Store((cb * cg - ca) / (sb * sg));
+  reciprocal.CosBetaStar = Store((ca * cg - cb) / (sa * sg));
+  reciprocal.CosGammaStar = Store((ca * cb - cg) / (sa * sb));
+  return reciprocal;
 }
 
 float TwoThetaOf(float sin_theta) {
@@ -70,7 +84,7 @@ float TwoThetaOf(float sin_theta) {
   return Store(std::atan(s / std::sqrt((1.0 - s) * (1.0 + s))) * 2.0 * kDegreesPerRadian);
 }
 
-float InverseSquareSpacing(const UnitCell& cell, std::int64_t h, std::int64_t k, std::int64_t l) {
+float InverseSquareSpacing(const ReciprocalCell& cell, std::int64_t h, std::int64_t k, std::int64_t l) {
   const double as = cell.AStar;
   const double bs = cell.BStar;
   const double cs = cell.CStar;
@@ -81,7 +95,7 @@ float InverseSquareSpacing(const UnitCell& cell, std::int64_t h, std::int64_t k,
   return Store(std::fabs(q));
 }
 
-float ComputeSinTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l) {
+float ComputeSinTheta(const ReciprocalCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l) {
   const double q = InverseSquareSpacing(cell, h, k, l);
   return Store(std::sqrt(q) * 0.5 * wavelength);
 }

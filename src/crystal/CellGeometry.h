@@ -7,24 +7,21 @@
 
 namespace talven {
 
-/// Cosine of an angle in degrees.
-double CosineOf(float degrees);
+/// Which cosines the volume comes from: those that are stored, or the same before they were rounded.
+enum class VolumeCosines { kStored, kUnrounded };
 
-/// The volume of a cell with these cosines of alpha, beta and gamma.
-float CellVolume(const UnitCell& cell, double ca, double cb, double cg);
-
-/// Fills in the reciprocal lengths and angles of a cell that has its cosines and volume.
-void DeriveReciprocalCell(UnitCell& cell);
+/// The reciprocal cell with its volume. All else comes from stored cosines.
+ReciprocalCell DeriveReciprocalCell(const UnitCell& cell, VolumeCosines cosines = VolumeCosines::kStored);
 
 /// sin theta from which on a reflection counts as beyond reach, at about 143.6 degrees of 2theta.
 inline constexpr float kLargestSinTheta = 0.95F;
 
 /// 1/d squared of h k l. Indices are 64 bits wide, so that no limit that a form can hold makes a product of two
 /// overflow.
-float InverseSquareSpacing(const UnitCell& cell, std::int64_t h, std::int64_t k, std::int64_t l);
+float InverseSquareSpacing(const ReciprocalCell& cell, std::int64_t h, std::int64_t k, std::int64_t l);
 
 /// sin theta of h k l by Bragg's law, wavelength / 2d; it may pass 1.
-float ComputeSinTheta(const UnitCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l);
+float ComputeSinTheta(const ReciprocalCell& cell, float wavelength, std::int32_t h, std::int32_t k, std::int32_t l);
 
 /// 2theta in degrees of a sin theta below 1.
 float TwoThetaOf(float sin_theta);

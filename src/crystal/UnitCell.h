@@ -1,4 +1,4 @@
-// The unit cell, direct and reciprocal, as stored 32-bit values.
+// The unit cell as it was read, and its reciprocal cell, as stored 32-bit values.
 #pragma once
 
 namespace talven {
@@ -6,8 +6,9 @@ namespace talven {
 /// The one conversion constant of the simulator, in place of the exact one.
 inline constexpr float kDegreesPerRadian = 57.2958F;
 
+/// The numbers of a CELL line.
 struct UnitCell {
-  /// Wavelength of the CELL line, Angstrom.
+  /// Angstrom.
   float Wavelength = 0.0F;
   /// Axis lengths, Angstrom.
   float a = 0.0F;
@@ -17,11 +18,15 @@ struct UnitCell {
   float alpha = 0.0F;
   float beta = 0.0F;
   float gamma = 0.0F;
+};
 
+/// What follows from a cell; see DeriveReciprocalCell.
+struct ReciprocalCell {
+  /// Cosines of the direct angles.
   float CosAlpha = 0.0F;
   float CosBeta = 0.0F;
   float CosGamma = 0.0F;
-  /// Volume, cubic Angstrom.
+  /// Volume of the direct cell, cubic Angstrom.
   float Volume = 0.0F;
 
   /// Reciprocal lengths a*, b*, c* in 1/Angstrom, their squares, and the cosines of the reciprocal angles.

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "crystal/CellGeometry.h"
+#include "shelx/HklFile.h"
 #include "textio/Numbers.h"
 
 namespace talven {
@@ -39,13 +40,13 @@ bool IsAbsent(AbsenceRule rule, Index h, Index k, Index l) {
 }
 
 /// Bragg's law, 2d sin theta = lambda. On purpose the limit is tested before the sine is stored.
-void WriteRow(const UnitCell& cell, Index h, Index k, Index l, OutputFile& hkl) {
+void WriteReflection(const ReciprocalCell& cell, float wavelength, Index h, Index k, Index l, TextOutput& hkl) {
   const double q = InverseSquareSpacing(cell, h, k, l);
-  const double sine = std::sqrt(q) * 0.5 * cell.Wavelength;
+  const double sine = std::sqrt(q) * 0.5 * wavelength;
   const float sin_theta = Store(sine);
   const float two_theta =
       Store(sine > 1.0 ? kBeyondSphere : 2.0 * kDegreesPerRadian * std::asin(static_cast<double>(sin_theta)));
-  hkl.WriteLine(Record().I(h, 4).I(k, 4).I(l, 4).A("  100.00    1.00").F(sin_theta, 8, 2).F(two_theta, 8, 2));
+  WriteDummyRow({h, k, l, sin_theta, two_theta}, hkl);
 }
 
 }  // namespace
@@ -54,7 +55,29 @@ HklLimits LimitsOf(const UnitCell& cell) {
   return {LimitOf(cell.a), LimitOf(cell.b), LimitOf(cell.c)};
 }
 
-void WriteDummyReflections(const UnitCell& cell, const HklLimits& limits, AbsenceRule rule, OutputFile& hkl) {
+AbsenceRule RuleOfLattice(std::int32_t letter) {
+  switch (letter) {
+    case 'A':
+      return AbsenceRule::kA;
+    case 'B':
+      return AbsenceRule::kB;
+    case 'C':
+      return AbsenceRule::kC;
+    case 'F':
+      return AbsenceRule::kF;
+    case 'I':
+      return AbsenceRule::kI;
+    default:
+      return AbsenceRule::kNone;
+  }
+}
+
+ReciprocalCell DeriveDummyCell(const UnitCell& cell) {
+  return DeriveReciprocalCell(cell, VolumeCosines::kUnrounded);
+}
+
+void WriteDummyReflections(const ReciprocalCell& cell, float wavelength, const HklLimits& limits, AbsenceRule rule,
+                           TextOutput& hkl) {
   const Index KMax = limits.KMax;
   const Index LMax = limits.LMax;
   if (KMax < 0 || LMax < 0) return;  // The empty loop may stand within others that would take years.
@@ -62,7 +85,7 @@ void WriteDummyReflections(const UnitCell& cell, const HklLimits& limits, Absenc
     for (Index k = -KMax; k <= KMax; ++k)
       for (Index l = h == 0 ? 0 : -LMax; l <= LMax; ++l) {
         if ((h == 0 && k == 0 && l == 0) || IsAbsent(rule, h, k, l)) continue;
-        WriteRow(cell, h, k, l, hkl);
+        WriteReflection(cell, wavelength, h, k, l, hkl);
       }
 }
 

@@ -1,12 +1,12 @@
 // The list of all reflections in a box of indices, each of the same made-up intensity.
 //
-//        0  -6   0  100.00    1.00    0.30   34.92       3I4,4F8.2: h, k, l, intensity, sigma, sin theta, 2theta
+//        0  -6   0  100.00    1.00    0.30   34.92       h, k, l, intensity, sigma, sin theta, 2theta
 #pragma once
 
 #include <cstdint>
 
 #include "crystal/UnitCell.h"
-#include "textio/OutputFile.h"
+#include "textio/TextOutput.h"
 
 namespace talven {
 
@@ -22,9 +22,17 @@ HklLimits LimitsOf(const UnitCell& cell);
 /// The lattice whose general absences are left out; none for a primitive one.
 enum class AbsenceRule { kNone, kA, kB, kC, kF, kI };
 
+/// The rule for an upper-case lattice letter; none for P, for R and for 0, no letter.
+AbsenceRule RuleOfLattice(std::int32_t letter);
+
+/// The reciprocal cell of the list. On purpose its volume comes from cosines that were not stored, and so differs from
+/// the simulator's in the last digits.
+ReciprocalCell DeriveDummyCell(const UnitCell& cell);
+
 /// Writes the half of the box with h of 0 and above, without (0,0,0). The rows with h = 0 have no negative l; (0,k,0)
-/// and (0,-k,0) are both there on purpose. Nothing is left out for its Bragg angle: where sin theta passes 1 the 2theta
-/// column holds 0.90. A limit below 0 leaves no rows.
-void WriteDummyReflections(const UnitCell& cell, const HklLimits& limits, AbsenceRule rule, OutputFile& hkl);
+/// and (0,-k,0) are both there on purpose. Nothing is left out for its Bragg angle at the wavelength in Angstrom: where
+/// sin theta passes 1 the 2theta column holds 0.90. A limit below 0 leaves no rows.
+void WriteDummyReflections(const ReciprocalCell& cell, float wavelength, const HklLimits& limits, AbsenceRule rule,
+                           TextOutput& hkl);
 
 }  // namespace talven

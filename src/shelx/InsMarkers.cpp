@@ -1,8 +1,10 @@
 #include "shelx/InsMarkers.h"
 
+#include "textio/LetterCase.h"
+
 namespace talven {
 
-WminState FindWminMarker(InputFile& ins) {
+WminState FindWminMarker(TextInput& ins) {
   std::string_view line;
   while (ins.ReadLine(line)) {
     if (line.starts_with(kWminMarker)) return WminState::kWmin;
@@ -11,12 +13,11 @@ WminState FindWminMarker(InputFile& ins) {
   return WminState::kNone;
 }
 
-void FoldJobName(JobText& JobName) {
-  for (std::size_t column = 1; column <= JobName.View().size(); ++column) {
-    char& c = JobName[column];
-    if (static_cast<unsigned char>(c) < ' ') c = ' ';
-    c = UpperCase(c);
-  }
+bool HasWminMarker(TextInput& ins) {
+  std::string_view line;
+  while (ins.ReadLine(line))
+    if (line.starts_with(kWminMarker)) return true;
+  return false;
 }
 
 bool IsSpaceGroupLine(const Text80& line) {

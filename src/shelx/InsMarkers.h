@@ -1,4 +1,4 @@
-// What a run reads from the remarks of an INS file, and the name under which the job goes on.
+// What is read from the remarks of an INS file.
 //
 //     REM WMIN              a raw structure model, which is to be rewritten
 //     REM XWMIN             a model that has been rewritten already
@@ -8,10 +8,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "textio/FixedText.h"
-#include "textio/InputFile.h"
-#include "ui/RunState.h"
+#include "textio/TextInput.h"
 
 namespace talven {
 
@@ -20,21 +20,16 @@ enum class WminState { kNone, kWmin, kXwmin };
 inline constexpr std::string_view kWminMarker = "REM WMIN";
 inline constexpr std::string_view kXwminMarker = "REM XWMIN";
 
-/// The first marker between the file's current place and its end, which is where the reading stops if there is none.
-WminState FindWminMarker(InputFile& ins);
+/// The first marker between the text's current place and its end, which is where the reading stops if there is none.
+WminState FindWminMarker(TextInput& ins);
 
-/// Makes the job name upper case, and blanks its control characters.
-void FoldJobName(JobText& JobName);
+/// True if a text, from its current place on, has a line of a raw model that is to be rewritten.
+bool HasWminMarker(TextInput& ins);
 
 /// True for a remark with the space group; not for those that say ASUN or ORGN in columns 9 to 12.
 bool IsSpaceGroupLine(const Text80& line);
 
 /// Code of the first character in columns 1 to 60 that, in upper case, lies above '@'; 0 if there is none.
 std::int32_t FindLatticeLetter(const Text80& line);
-
-/// Upper case of an ASCII letter; any other character as it is.
-constexpr char UpperCase(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
 
 }  // namespace talven

@@ -2,16 +2,16 @@
 
 #include <array>
 
-#include "shelx/AtomSerials.h"
-#include "shelx/InsLine.h"
+#include "shelx/AtomLabels.h"
 #include "shelx/InsMarkers.h"
+#include "shelx/NormaliseIns.h"
 #include "textio/FreeForm.h"
 
 namespace talven {
 namespace {
 
 /// Formula units in the cell, from the last remark with the space group; 0 without one.
-std::int32_t ReadFormulaUnits(InputFile& raw) {
+std::int32_t ReadFormulaUnits(TextInput& raw) {
   std::array<std::int32_t, 2> numbers{};
   std::string_view text;
   while (raw.ReadLine(text)) {
@@ -23,18 +23,18 @@ std::int32_t ReadFormulaUnits(InputFile& raw) {
   return numbers[1];
 }
 
-void SkipToFvar(InputFile& raw) {
+void SkipToFvar(TextInput& raw) {
   while (!raw.RequireLine("a line FVAR").starts_with("FVAR")) continue;
 }
 
 /// The next line between FVAR and HKLF; false at HKLF.
-bool ReadAtomLine(InputFile& raw, Text80& line) {
+bool ReadAtomLine(TextInput& raw, Text80& line) {
   line = raw.RequireLine("an atom or a line HKLF");
   return !line.StartsWith("HKLF");
 }
 
 /// Counts the atoms by their labels. False if there are too many labels.
-bool CountElements(InputFile& raw, ElementTable& elements) {
+bool CountElements(TextInput& raw, ElementTable& elements) {
   SkipToFvar(raw);
   Text80 line;
   while (ReadAtomLine(raw, line))
@@ -43,19 +43,19 @@ bool CountElements(InputFile& raw, ElementTable& elements) {
 }
 
 /// Writes all that stands before FVAR, and leaves the reading behind that.
-void WriteHead(LineBuffer& line, InputFile& raw, OutputFile& ins, std::int32_t formula_units) {
+void WriteHead(TextInput& raw, std::int32_t formula_units, LineCleaner& cleaner, TextOutput& ins) {
   while (true) {
     const Text80 text(raw.RequireLine("a line FVAR"));
     if (text.StartsWith("FVAR")) return;
     if (text.StartsWith(kWminMarker)) continue;
-    WriteInsLine(line, ins, text.View());
+    WriteInsLine(text.View(), cleaner, ins);
     if (text.StartsWith("CELL"))
-      WriteInsLine(line, ins, Record().A("ZERR ").I(formula_units, 2).A(" .002 .002 .002 0. 0. 0.").Text());
-    if (text.StartsWith("TITL")) WriteInsLine(line, ins, kXwminMarker);
+      WriteInsLine(Record().A("ZERR ").I(formula_units, 2).A(" .002 .002 .002 0. 0. 0.").Text(), cleaner, ins);
+    if (text.StartsWith("TITL")) WriteInsLine(kXwminMarker, cleaner, ins);
   }
 }
 
-void WriteAtoms(InputFile& raw, OutputFile& ins, const ElementTable& elements) {
+void WriteAtoms(TextInput& raw, TextOutput& ins, const ElementTable& elements) {
   AtomSerials serials;
   Text80 line;
   while (ReadAtomLine(raw, line)) {
@@ -72,18 +72,18 @@ void WriteAtoms(InputFile& raw, OutputFile& ins, const ElementTable& elements) {
 
 }  // namespace
 
-bool RewriteWminIns(LineBuffer& line, InputFile& raw, OutputFile& ins) {
+bool RewriteWminIns(TextInput& raw, LineCleaner& cleaner, TextOutput& ins) {
   const std::int32_t formula_units = ReadFormulaUnits(raw);
   raw.Rewind();
   ElementTable elements;
   if (!CountElements(raw, elements)) return false;
   raw.Rewind();
-  WriteHead(line, raw, ins, formula_units);
-  WriteInsLine(line, ins, elements.SfacLine().Text());
-  WriteInsLine(line, ins, elements.UnitLine().Text());
-  WriteInsLine(line, ins, "FVAR");
+  WriteHead(raw, formula_units, cleaner, ins);
+  WriteInsLine(elements.SfacLine().Text(), cleaner, ins);
+  WriteInsLine(elements.UnitLine().Text(), cleaner, ins);
+  WriteInsLine("FVAR", cleaner, ins);
   WriteAtoms(raw, ins, elements);
-  WriteInsLine(line, ins, "HKLF 4");
+  WriteInsLine("HKLF 4", cleaner, ins);
   return true;
 }
 

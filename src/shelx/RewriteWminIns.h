@@ -13,15 +13,16 @@
 //                                                 HKLF 4
 #pragma once
 
-#include "textio/InputFile.h"
-#include "textio/OutputFile.h"
-#include "ui/LineBuffer.h"
+#include "textio/LineCleaner.h"
+#include "textio/TextInput.h"
+#include "textio/TextOutput.h"
 
 namespace talven {
 
 /// Writes the model `raw`, read from its start, in the new form to `ins`; every line between FVAR and HKLF is an atom,
-/// and nothing behind HKLF is used. False if the atoms have more different labels than the element table has room for;
-/// nothing is written then. Throws FatalIoError, also where FVAR, HKLF behind it or a number is missing.
-bool RewriteWminIns(LineBuffer& line, InputFile& raw, OutputFile& ins);
+/// and nothing behind HKLF is used. The cleaner tells the length of a blank line, as in WriteInsLine. False if the
+/// atoms have more different labels than the element table has room for; nothing is written then. Throws FatalIoError,
+/// also where FVAR, HKLF behind it or a number is missing.
+bool RewriteWminIns(TextInput& raw, LineCleaner& cleaner, TextOutput& ins);
 
 }  // namespace talven

@@ -1,26 +1,46 @@
-// From a reflection list to a powder profile: bins on the grid, two-sided exponential tails, powder correction and two
-// scalings. The four steps are called once each, in this order.
+// From a reflection list to a powder profile: a grid of points, bins on it, two-sided exponential tails, powder
+// correction and two scalings. The steps are called once each, in the order in which they stand here.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "crystal/Pattern.h"
 #include "crystal/ReflectionList.h"
-#include "simulation/PatternGrid.h"
+#include "simulation/PatternOptions.h"
 #include "textio/Array1.h"
-#include "textio/OutputFile.h"
 
 namespace talven {
 
-struct ProfileParameters {
-  /// Degrees.
-  float Step = 0.0F;
-  float TwoThetaMin = 0.0F;
-  /// Decay length of the low-angle tails, in grid points; held to 1 to 10.
-  float Broadening = 1.0F;
-  bool SymmetricalPeaks = false;
-  bool PowderCorrection = false;
+inline constexpr std::int32_t kLargestPointCount = 10'000;
+/// Tails of the last points run past PointCount, up to 5,001 points far.
+inline constexpr std::int32_t kGridCapacity = 30'000;
+
+struct GridExtent {
+  /// The whole degrees above the highest reflection.
+  std::int32_t TopAngle = 0;
+  /// May pass the largest count or be below 1; then there can be no synthesis.
+  std::int32_t PointCount = 0;
 };
 
-/// Working data of the synthesis beside the grid.
+/// The extent of the grid for the highest 2theta of a list, in degrees, 0 if there is none above.
+GridExtent SizeGrid(float highest_two_theta, const PatternOptions& options);
+float HighestTwoTheta(const ReflectionList& list);
+
+/// Working data of the synthesis. Nothing in it lasts from one synthesis to the next.
 struct SynthesisData {
+  std::int32_t PointCount = 0;
+  /// The working intensity of each point.
+  Array1<float, kGridCapacity> Profile;
+  /// Intensity of each point before broadening, after the first scaling.
+  Array1<float, kGridCapacity> Stick;
+  /// 2theta of each point in degrees, with two decimals.
+  Array1<float, kGridCapacity> GridAngle;
+  /// The point whose bin a reflection fell into, 0 for none.
+  Array1<std::int32_t, kReflectionLimit> PointOf;
+  /// Where the reflections of a point go in a list by rising point.
+  Array1<std::int32_t, kLargestPointCount> Place;
   /// Lower edges of the bins in degrees, not rounded; one more than there are points.
   Array1<double, kLargestPointCount + 1> BinEdge;
   /// 2 exp(-m/B) for m from 1. The high-angle tails decay twice as fast and use every second element.
@@ -29,23 +49,39 @@ struct SynthesisData {
   float Scale = 1.0F;
 };
 
+/// Bin sums of which one is too wide for the ten columns of a scratch file, `1X,F8.2,3X,F10.0`, in which they are kept.
+struct WideBinSum {
+  struct Row {
+    /// 2theta, degrees.
+    float angle = 0.0F;
+    float sum = 0.0F;
+  };
+  /// The first such point, from 1.
+  std::int32_t point = 0;
+  /// One for every point.
+  std::vector<Row> rows;
+};
+
 /// Adds F squared of each reflection to the point whose bin it falls into, and scales the highest bin to at most
 /// 99,000. A bin is the open interval above the point's angle: a reflection right on a grid angle is lost. Angles are
-/// rounded to two decimals and bin sums to whole numbers, as a scratch file of `1X,F8.2,3X,F10.0` would hold them; a
-/// sum that does not fit there throws FatalIoError, and the scratch file then really holds those rows.
-void BinReflections(const ReflectionList& list, const ProfileParameters& parameters, OutputFile& scratch,
-                    PatternGrid& grid, SynthesisData& work);
+/// rounded to two decimals and bin sums to whole numbers, as the scratch file would hold them. Gives the sums if one
+/// does not fit there; the synthesis ends with that.
+std::optional<WideBinSum> BinReflections(const ReflectionList& list, const PatternOptions& options,
+                                         SynthesisData& work);
 
 /// Spreads each stick to both sides. The tails are counted in grid points and are never mirror images: the high-angle
 /// one decays twice as fast; symmetrical peaks only make it as long as the other.
-void BroadenPeaks(const ProfileParameters& parameters, PatternGrid& grid, SynthesisData& work);
+void BroadenPeaks(const PatternOptions& options, SynthesisData& work);
 
-/// Multiplies every point of at least 2 by (1 + cos^2 theta) / (sin^2 theta cos theta), if the parameters ask for it.
-/// On purpose cos^2 theta and not cos^2 2theta.
-void ApplyPowderCorrection(const ProfileParameters& parameters, PatternGrid& grid);
+/// Multiplies every point of at least 2 by (1 + cos^2 theta) / (sin^2 theta cos theta), if the options ask for it. On
+/// purpose cos^2 theta and not cos^2 2theta.
+void ApplyPowderCorrection(const PatternOptions& options, SynthesisData& work);
 
-/// Scales the highest point to at most 99,000. On purpose: where that is not needed, the first scaling is applied
-/// again.
-void FinishIntensities(PatternGrid& grid, SynthesisData& work);
+/// Scales the highest point to at most 99,000 and raises points below 2 to that. On purpose: where scaling is not
+/// needed, the first one is applied again.
+void FinishIntensities(SynthesisData& work);
+
+/// Fills in the points of a finished synthesis, with the reflections of each in the order of the list.
+void FillPoints(const ReflectionList& list, SynthesisData& work, Pattern& pattern);
 
 }  // namespace talven

@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "textio/FileNames.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -18,9 +19,8 @@ std::optional<std::string> DataHome() {
 
 /// The folder of a drive, by the letter in either case.
 std::optional<char> DriveFolder(char drive) {
-  if (drive == '/') return 'c';
-  if (drive >= 'A' && drive <= 'Z') return static_cast<char>(drive + ('a' - 'A'));
-  return drive >= 'a' && drive <= 'z' ? std::optional(drive) : std::nullopt;
+  const char letter = drive == '/' ? 'c' : LowerCase(drive);
+  return letter >= 'a' && letter <= 'z' ? std::optional(letter) : std::nullopt;
 }
 
 }  // namespace

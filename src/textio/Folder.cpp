@@ -1,23 +1,15 @@
 #include "textio/Folder.h"
 
-#include <algorithm>
 #include <string>
 #include <system_error>
 
 #include "textio/FatalIoError.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr char ToLower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, [](char x, char y) { return ToLower(x) == ToLower(y); });
-}
 
 /// The entry of a directory that a name means, or nothing.
 std::optional<fs::path> FindEntry(const fs::path& directory, const fs::path& name) {

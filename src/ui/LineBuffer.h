@@ -25,6 +25,9 @@ class LineBuffer {
   /// The line, cleaned and cut to the length that TrimLine gives: what a copied text line is written as.
   std::string_view TrimmedLine() { return text_.First(static_cast<std::size_t>(TrimLine())); }
 
+  /// What cleans the line, with the length that it keeps for a blank one.
+  LineCleaner& Cleaner() { return cleaner_; }
+
  private:
   Text80 text_;
   LineCleaner cleaner_;

@@ -177,14 +177,6 @@ ClockTime Toolkit::IOsTime() const {
   return {now.tm_hour, now.tm_min, now.tm_sec};
 }
 
-void Toolkit::IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling) {
-  Folder().Copy(from, to, spelling);
-}
-
-void Toolkit::IOsDeleteFile(std::string_view name) {
-  Folder().Delete(name);
-}
-
 CommandLookup Toolkit::LookUp(std::string_view command) const {
   return LookUpCommand(command, arguments_.empty() ? std::string_view() : arguments_.front());
 }

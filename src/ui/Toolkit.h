@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "textio/CalendarTime.h"
 #include "textio/Folder.h"
 #include "ui/CommandLookup.h"
 #include "ui/forms/FormState.h"
@@ -46,18 +47,6 @@ struct MessageButton {
   int answer = 0;
 };
 std::vector<MessageButton> MessageButtons(MessageType type);
-
-struct CalendarDate {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-};
-
-struct ClockTime {
-  int hour = 0;
-  int minute = 0;
-  int second = 0;
-};
 
 /// What WDialogQuery can be asked.
 inline constexpr int kExitButtonQuery = 1;
@@ -130,8 +119,6 @@ class Toolkit {
   virtual ClockTime IOsTime() const;
   /// Waits while the window is served; 0 does nothing.
   virtual void IOsWait(int hundredths) = 0;
-  void IOsCopyFile(std::string_view from, std::string_view to, Spelling spelling = Spelling::kAny);
-  void IOsDeleteFile(std::string_view name);
   /// Starts a program, or the companion in its place (see LookUpCommand); with flag 2 returns when it has finished,
   /// with its exit code, or nothing if it could not be started.
   virtual std::optional<int> IOsCommand(std::string_view command, int flags) = 0;

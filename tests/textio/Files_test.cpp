@@ -3,7 +3,6 @@
 #include "support/TestFiles.h"
 #include "textio/FreeForm.h"
 #include "textio/InputFile.h"
-#include "textio/List4Row.h"
 #include "textio/OutputFile.h"
 
 namespace talven::test {
@@ -76,16 +75,6 @@ TEST_F(Files, EveryFailingWriteIsFatal) {
               }),
               error);
   }
-}
-
-TEST(List4Row, TellsTheLayoutsApart) {
-  const std::string row = "   1  -2   3       1234.56       1240.11         3.02 o";
-  const List4Row wide = ReadWideList4Row(row).value();
-  EXPECT_EQ(std::tuple(wide.K, wide.CalculatedF2, wide.MeasuredF2, wide.Sigma),
-            std::tuple(-2, 1234.56F, 1240.11F, 3.02F));
-  for (const auto& [column, c] : {std::pair(12U, ' '), std::pair(30U, 'a'), std::pair(48U, 'o'), std::pair(54U, '1'),
-                                  std::pair(55U, '1'), std::pair(55U, ' ')})
-    EXPECT_FALSE(ReadWideList4Row(std::string(row).replace(column - 1, 1, 1, c))) << column << c;
 }
 
 TEST_F(Files, FreeFormReadsFromAFileOverLinesUntilAllValuesAreThere) {

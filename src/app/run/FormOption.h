@@ -6,7 +6,7 @@
 
 namespace talven {
 
-/// The value of a numeric field of the form (see PatternFields.h). Throws CommandLineError for a text that the field
+/// The value of a numeric field of the form (see FormFields.h). Throws CommandLineError for a text that the field
 /// would refuse.
 float PatternFieldValue(std::string_view option, int field, const std::string& text);
 

@@ -1,0 +1,124 @@
+#include "handlers/InsToDummyHkl.h"
+
+#include <string>
+
+#include "handlers/AutomaticRun.h"
+#include "handlers/JobInput.h"
+#include "handlers/LimitForms.h"
+#include "handlers/PrepareTestIns.h"
+#include "shelx/CellLine.h"
+#include "shelx/DummyReflections.h"
+#include "shelx/InsMarkers.h"
+#include "textio/LetterCase.h"
+#include "textio/OutputFile.h"
+#include "ui/forms/FormCatalogue.h"
+
+namespace talven {
+namespace {
+
+/// One run with all that it works on, so that each step takes one argument.
+struct DummyRun {
+  Ui& ui;
+  RunState& run;
+  InsToDummyHklData& data;
+  InputFile ins;
+  OutputFile hkl;
+  InsCensus census;
+
+  bool IsAutomatic() const { return run.AutoState == 1; }
+};
+
+bool OpenIns(DummyRun& r) {
+  r.ui.ShowLine(r.run.JobFile(".INS"));
+  return OpenJobInput(r.ui, r.run, ".INS", r.ins, "INS File (d1)");
+}
+
+/// Makes the job name upper case, and blanks its control characters.
+void FoldJobName(JobText& JobName) {
+  for (std::size_t column = 1; column <= kLongestJobName; ++column) {
+    char& c = JobName[column];
+    c = static_cast<unsigned char>(c) < ' ' ? ' ' : UpperCase(c);
+  }
+}
+
+void ShowUnsuitable(Toolkit& toolkit) {
+  toolkit.WDialogLoad(kUnsuitableForm);
+  toolkit.WDialogSelect(kUnsuitableForm);
+  toolkit.WDialogShow(-1, -1, 0, kModal);
+  toolkit.WDialogUnload(kUnsuitableForm);
+  toolkit.WGrAreaClear();
+}
+
+/// Brings the INS to its normal form. False if no refinement can run on it.
+bool NormaliseIns(DummyRun& r) {
+  const auto census = PrepareTestIns(r.ui, r.run, r.ins);
+  if (!census) {
+    r.run.StopFlag = 1;
+    r.ui.ShowMessage("More than 20 Labels in INS File");
+    return false;
+  }
+  r.census = *census;
+  if (census->IsSuitable()) return true;
+  r.run.StopFlag = 1;
+  ShowUnsuitable(r.ui.toolkit);
+  return false;
+}
+
+/// Settles whether the run is automatic. False if it can't be.
+bool SettleMode(DummyRun& r, WminState marker) {
+  if (r.run.TrimmedJobName() == "VRAIL" || marker == WminState::kWmin) r.run.AutoState = 1;
+  if (r.IsAutomatic() && !NormaliseIns(r)) return false;
+  // On purpose behind the normalisation: a file rewritten by an earlier run is taken as it stands.
+  if (marker == WminState::kXwmin) r.run.AutoState = 1;
+  return true;
+}
+
+void ShowCell(Ui& ui, const UnitCell& cell, float volume, const HklLimits& limits) {
+  Record line;
+  line.A(" Hmax Kmax and Lmax are ").I(limits.HMax, 4).I(limits.KMax, 4).I(limits.LMax, 4);
+  ui.ShowLine(line.Text());
+  ui.ShowLine(" ");
+  ui.ShowLine("   CELL");
+  line.Clear();
+  line.X(3).F(cell.Wavelength, 7, 4);
+  for (const float value : {cell.a, cell.b, cell.c, cell.alpha, cell.beta, cell.gamma}) line.X(1).F(value, 8, 4);
+  ui.ShowLine(line.Text());
+  ui.ShowLine(Record().A("   Volume ").F(volume, 10, 3).Text());
+}
+
+void WriteDummyList(DummyRun& r) {
+  UnitCell& cell = r.data.UnitCell;
+  cell = ReadCellLine(r.ins).value_or(cell);  // On purpose: without a CELL line the run goes on with the one there is.
+  HklLimits limits = LimitsOf(cell);
+  const AbsenceRule rule = r.IsAutomatic() ? RuleOfLattice(r.census.LatticeLetter) : AskLimitsAndAbsence(r.ui, limits);
+  const ReciprocalCell reciprocal = DeriveDummyCell(cell);
+  ShowCell(r.ui, cell, reciprocal.Volume, limits);
+  WriteDummyReflections(reciprocal, cell.Wavelength, limits, rule, r.hkl);
+  r.ui.ShowLine(" ");
+  r.ins.Close();
+  r.hkl.Close();
+}
+
+}  // namespace
+
+void InsToDummyHkl(Ui& ui, RunState& run, InsToDummyHklData& data, FcfToHklData& fcf_to_hkl,
+                   SimulationData& simulation) {
+  run.AutoState = 0;
+  DummyRun r{ui, run, data, {}, {}, {}};
+  if (!OpenIns(r)) return;
+  const WminState marker = FindWminMarker(r.ins);
+  r.ins.Rewind();
+  r.hkl.Open(run.folder, "DUMMY.HKL");
+  FoldJobName(run.JobName);
+  if (!SettleMode(r, marker)) return;
+  WriteDummyList(r);
+  if (r.IsAutomatic()) {
+    AutomaticRun(ui, run, fcf_to_hkl, simulation);
+  } else {
+    ui.ShowLine("   The file DUMMY.HKL has been written");
+  }
+  if (run.RunMode == 1) run.RunMode = 2;
+  if (run.AutoState == 1) run.AutoState = 2;
+}
+
+}  // namespace talven

@@ -1,0 +1,21 @@
+// Upper and lower case of ASCII letters; every other character is as it is.
+#pragma once
+
+#include <algorithm>
+#include <string_view>
+
+namespace talven {
+
+constexpr char UpperCase(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
+constexpr char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, [](char x, char y) { return LowerCase(x) == LowerCase(y); });
+}
+
+}  // namespace talven
