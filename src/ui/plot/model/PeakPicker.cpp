@@ -22,20 +22,20 @@ void PeakPicker::SetPattern(const Pattern& pattern, std::optional<double> wavele
   choices_.fwhm.reset();
   choices_.added.clear();
   choices_.removed.clear();
-  prepared_ = PreparePeaks(pattern_, Options());
+  search_ = SearchPeaks(pattern_, Options());
   Pick();
 }
 
 void PeakPicker::Choose(const PeakChoices& choices) {
   const bool has_new_width = choices.fwhm != choices_.fwhm;
   choices_ = choices;
-  if (has_new_width) prepared_ = PreparePeaks(pattern_, Options());
+  if (has_new_width) search_ = SearchPeaks(pattern_, Options());
   Pick();
 }
 
 void PeakPicker::Pick() {
   PeakOptions options = Options();
-  const PickedPeaks picked = PickPeaks(prepared_, options);
+  const PickedPeaks picked = PickPeaks(search_, options);
   marks_.clear();
   for (const Peak& peak : picked.peaks) {
     if (!IsRemoved(peak)) marks_.push_back({peak, PeakOrigin::kFound});
@@ -44,7 +44,7 @@ void PeakPicker::Pick() {
   left_out_count_ = picked.left_out_count + (marks_.size() > kListedPeaks ? marks_.size() - kListedPeaks : 0);
   if (!choices_.keep_alpha2) {
     options.keep_alpha2 = true;
-    for (const Peak& peak : PickPeaks(prepared_, options).peaks) {
+    for (const Peak& peak : PickPeaks(search_, options).peaks) {
       if (peak.is_alpha2) marks_.push_back({peak, PeakOrigin::kAlpha2});
     }
   }
@@ -54,7 +54,7 @@ void PeakPicker::Pick() {
 bool PeakPicker::IsRemoved(const Peak& peak) const {
   // A width that changes moves the found place a little; the decision holds on.
   return std::ranges::any_of(
-      choices_.removed, [&](double two_theta) { return std::abs(two_theta - peak.two_theta) < prepared_.fwhm / 4.0; });
+      choices_.removed, [&](double two_theta) { return std::abs(two_theta - peak.two_theta) < search_.fwhm / 4.0; });
 }
 
 std::vector<Peak> PeakPicker::Listed() const {
@@ -62,24 +62,21 @@ std::vector<Peak> PeakPicker::Listed() const {
   for (const MarkedPeak& mark : marks_) {
     if (mark.origin != PeakOrigin::kAlpha2) peaks.push_back(mark.peak);
   }
-  if (peaks.size() <= kListedPeaks) return peaks;
-  std::ranges::stable_sort(peaks, std::ranges::greater{}, &Peak::height);
-  peaks.resize(kListedPeaks);
-  std::ranges::stable_sort(peaks, {}, &Peak::two_theta);
+  KeepStrongest(peaks, kListedPeaks);
   return peaks;
 }
 
 Peak PeakPicker::PeakOn(std::size_t point, double two_theta) const {
-  const double base = point < prepared_.background.size() ? prepared_.background[point] : 0.0;
-  return {two_theta, std::max(pattern_.counts[point] - base, 0.0), prepared_.fwhm, false};
+  const double base = point < search_.background.size() ? search_.background[point] : 0.0;
+  return {two_theta, std::max(pattern_.counts[point] - base, 0.0), search_.fwhm, false};
 }
 
 PeakChoices PeakPicker::WithPeakAt(double two_theta) const {
   PeakChoices choices = choices_;
   if (pattern_.PointCount() == 0) return choices;
   std::size_t highest = NearestIndex(pattern_.two_theta, two_theta);
-  const std::size_t first = NearestIndex(pattern_.two_theta, two_theta - prepared_.fwhm / 2.0);
-  const std::size_t last = NearestIndex(pattern_.two_theta, two_theta + prepared_.fwhm / 2.0);
+  const std::size_t first = NearestIndex(pattern_.two_theta, two_theta - search_.fwhm / 2.0);
+  const std::size_t last = NearestIndex(pattern_.two_theta, two_theta + search_.fwhm / 2.0);
   for (std::size_t i = first; i <= last; ++i) {
     if (pattern_.counts[i] > pattern_.counts[highest]) highest = i;
   }

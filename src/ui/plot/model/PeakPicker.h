@@ -41,10 +41,10 @@ class PeakPicker {
   std::vector<Peak> Listed() const;
   /// How many more there are.
   std::size_t LeftOutCount() const { return left_out_count_; }
-  const std::vector<double>& Background() const { return prepared_.background; }
+  const std::vector<double>& Background() const { return search_.background; }
   /// The width that was worked with, degrees; and the one that was measured, to start a slider from.
-  double Fwhm() const { return prepared_.fwhm; }
-  std::optional<double> Wavelength() const { return prepared_.wavelength; }
+  double Fwhm() const { return search_.fwhm; }
+  std::optional<double> Wavelength() const { return search_.wavelength; }
 
   /// The choices with one more peak: the highest point within half a width of an angle, above the background.
   PeakChoices WithPeakAt(double two_theta) const;
@@ -65,7 +65,7 @@ class PeakPicker {
   Pattern pattern_;
   std::optional<double> wavelength_;
   PeakChoices choices_;
-  PreparedPeaks prepared_;
+  PeakSearch search_;
   std::vector<MarkedPeak> marks_;
   std::size_t left_out_count_ = 0;
 };

@@ -1,17 +1,9 @@
 // The words of a plot: axis titles, and the plot told to those who do not see it.
-#include <array>
-#include <charconv>
-
+#include "ui/plot/model/NumberText.h"
 #include "ui/plot/model/PlotModel.h"
 
 namespace talven {
 namespace {
-
-std::string Rounded(double value, int digits) {
-  std::array<char, 40> text{};
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits).ptr;
-  return {text.data(), end};
-}
 
 std::string Named(std::string_view count_of, std::size_t count) {
   return std::to_string(count) + " " + std::string(count_of) + (count == 1 ? "" : "s");
@@ -31,8 +23,8 @@ std::string PlotModel::UpName() const {
 std::string PlotModel::Description() const {
   if (series_.empty()) return "No pattern is shown.";
   const PlotRange along = FullAlong();
-  std::string text = series_.front().title + ". Along: " + AlongName() + ", " + Rounded(along.lower, 6) + " to " +
-                     Rounded(along.upper, 6) + ". Up: " + UpName() + ". " +
+  std::string text = series_.front().title + ". Along: " + AlongName() + ", " + NumberText(along.lower, 6) + " to " +
+                     NumberText(along.upper, 6) + ". Up: " + UpName() + ". " +
                      Named("point", series_.front().pattern.PointCount()) + ", " + Named("reflection", ticks_.size()) +
                      ".";
   if (series_.size() > 1) {

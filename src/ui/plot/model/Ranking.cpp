@@ -8,6 +8,7 @@
 
 #include "screening/LoadCandidate.h"
 #include "textio/FatalIoError.h"
+#include "ui/plot/model/NumberText.h"
 
 namespace talven {
 namespace {
@@ -84,9 +85,8 @@ std::string TitleOf(const RankingRow& row) {
   const Lattice& cell = *row.cell;
   title += "  ";
   for (const double value : {cell.a, cell.b, cell.c, cell.alpha, cell.beta, cell.gamma}) {
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 6).ptr;
-    title += " " + std::string(text.data(), end);
+    title += ' ';
+    title += NumberText(value, 6);
   }
   return title;
 }
