@@ -45,7 +45,7 @@ std::string_view PatternFormatName(PatternFormat format);
 bool HoldsWavelength(PatternFormat format);
 
 /// What stands in the heads beside the pattern's own values.
-struct PatternHead {
+struct PatternFileHead {
   /// Name of the data block, the phase or the sample, where the pattern has no title.
   std::string job;
   /// Date and time as they are to be written ("31-12-2024 at 12: 0: 0"); empty where none is.
@@ -56,6 +56,6 @@ struct PatternHead {
 /// have. Sigma, where the format wants one and the pattern has none, is the root of the counts, 1 at least. Throws
 /// FatalIoError that names the format where the pattern has no wavelength and the format holds one, and where angles
 /// do not keep one step and the format (CPI, PAT) has start and step alone.
-void WritePatternAs(PatternFormat format, const Pattern& pattern, const PatternHead& head, TextOutput& output);
+void WritePatternAs(PatternFormat format, const Pattern& pattern, const PatternFileHead& head, TextOutput& output);
 
 }  // namespace talven

@@ -10,6 +10,13 @@ TextInput::TextInput(std::string name, std::string content) : name_(std::move(na
   Rewind();
 }
 
+std::string TextInput::TakeContent() {
+  std::string content = std::move(content_);
+  content_.clear();
+  Rewind();
+  return content;
+}
+
 bool TextInput::ReadLine(std::string_view& line) {
   if (position_ >= content_.size()) return false;
   const std::string_view rest = std::string_view(content_).substr(position_);

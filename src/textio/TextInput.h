@@ -18,6 +18,8 @@ class TextInput {
   const std::string& Name() const { return name_; }
   /// The whole text, as it came.
   std::string_view Content() const { return content_; }
+  /// The same, taken away: nothing is left to read.
+  std::string TakeContent();
   /// Number of the line read last, from 1; 0 before the first.
   std::size_t LineNumber() const { return line_number_; }
 

@@ -28,8 +28,7 @@ JobModel ReadJobModel(const std::string& path, bool needs_atoms) {
   OpenPath(path, file);
   JobModel job;
   if (InputPath(path).Extension() == "cif") {
-    CifStructure structure = ModelFromCif(file);
-    job = {std::move(structure.model), std::move(structure.notices), std::move(structure.reflections)};
+    throw FatalIoError(path + ": structures in CIF are not read");
   } else {
     ModelReading reading = ReadModel(file);
     job = {std::move(reading.model), std::move(reading.notices), {}};
