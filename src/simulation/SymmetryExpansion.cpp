@@ -45,9 +45,11 @@ SymmetryExpansion ExpandBySymmetry(const SymmetryGroup& symmetry, const Reciproc
                                    ReflectionList& list) {
   const std::vector<Line> lines = GatherLines(symmetry, list);
   std::vector<std::pair<MillerIndex, float>> entries;
-  for (const Line& line : lines)
-    for (const MillerIndex& index : symmetry.EquivalentsInHalf(line.representative))
-      entries.emplace_back(index, line.MeanF2());
+  for (const Line& line : lines) {
+    // The representative comes last, for files name a line by the last of its entries.
+    const std::vector<MillerIndex> equivalents = symmetry.EquivalentsInHalf(line.representative);
+    for (std::size_t i = equivalents.size(); i > 0; --i) entries.emplace_back(equivalents[i - 1], line.MeanF2());
+  }
   SymmetryExpansion result{.unique_count = static_cast<std::int32_t>(lines.size())};
   result.limit_met = entries.size() > static_cast<std::size_t>(kReflectionLimit);
   if (result.limit_met) return result;

@@ -1,5 +1,7 @@
 #include "app/run/InfoCommand.h"
 
+#include <cmath>
+
 #include "app/run/FileCommand.h"
 #include "app/run/JobModel.h"
 #include "comparison/PeakListFile.h"
@@ -75,15 +77,20 @@ FileInfo InfoOfPeaks(const InputPath& input) {
   return info;
 }
 
+/// A step or angle that a reader has worked out, without the digits of its rounding.
+double Rounded(double degrees) {
+  return std::round(degrees * 1e6) / 1e6;
+}
+
 FileInfo InfoOfPattern(const InputPath& input) {
   PatternFile file = ReadPatternFile(ToPath(input.Text()));
   const Pattern& pattern = file.pattern;
   return {.kind = "pattern",
           .format = file.format,
           .points = pattern.PointCount(),
-          .first = pattern.two_theta.front(),
-          .last = pattern.two_theta.back(),
-          .step = pattern.step,
+          .first = Rounded(pattern.two_theta.front()),
+          .last = Rounded(pattern.two_theta.back()),
+          .step = pattern.step ? std::optional(Rounded(*pattern.step)) : std::nullopt,
           .wavelength = pattern.wavelength,
           .title = pattern.title,
           .notices = std::move(file.notices)};

@@ -17,7 +17,7 @@ const char* NameOf(DataSource source) {
   return source == DataSource::kFcf ? "fcf" : "model";
 }
 
-/// The reflection that stands at the highest point; of several the strongest.
+/// The reflection that stands at the highest point: of several the strongest, of equivalents the last.
 std::vector<Cell> StrongestCells(const SimulationData& data) {
   const Pattern& pattern = data.pattern;
   const auto highest =
@@ -29,7 +29,7 @@ std::vector<Cell> StrongestCells(const SimulationData& data) {
     if (reflection.point != highest) continue;
     for (std::int32_t i = 1; i <= list.ReflectionCount; ++i) {
       if (list.H[i] != reflection.h || list.K[i] != reflection.k || list.L[i] != reflection.l) continue;
-      if (list.F2[i] > strongest_f2) strongest = &reflection;
+      if (list.F2[i] >= strongest_f2) strongest = &reflection;
       strongest_f2 = std::max(strongest_f2, list.F2[i]);
     }
   }
