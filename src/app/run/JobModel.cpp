@@ -28,7 +28,8 @@ JobModel ReadJobModel(const std::string& path, bool needs_atoms) {
   OpenPath(path, file);
   JobModel job;
   if (InputPath(path).Extension() == "cif") {
-    throw FatalIoError(path + ": structures in CIF are not read");
+    CifStructure structure = ModelFromCif(file);
+    job = {std::move(structure.model), std::move(structure.notices), std::move(structure.reflections)};
   } else {
     ModelReading reading = ReadModel(file);
     job = {std::move(reading.model), std::move(reading.notices), {}};
