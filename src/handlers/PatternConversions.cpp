@@ -88,7 +88,7 @@ void TxtToIng(Ui& ui, RunState& run) {
   if (!OpenJobInput(ui, run, ".TXT", txt)) return;
   OutputFile ing;
   ing.Open(run.folder, run.JobFile(".ING"));
-  WriteIng(ing, run.JobName.View(), ReadXyTable(txt));
+  WriteIng(ing, run.JobName.View(), ReadXyAsIng(txt));
   ShowWritten(ui, run.JobFile(".ING written"));
   ing.Close();
 }

@@ -53,7 +53,7 @@ float FindMaximum(const std::vector<IngRow>& rows) {
 
 }  // namespace
 
-IngPattern ReadXyTable(TextInput& txt) {
+IngPattern ReadXyAsIng(TextInput& txt) {
   IngPattern pattern{.header = {.Wavelength = kCopperWavelength, .StepTime = kStepTime}, .rows = {}};
   pattern.header.FirstAngle = FindFirstAngle(txt);
   txt.Rewind();

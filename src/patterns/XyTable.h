@@ -14,6 +14,6 @@ inline constexpr std::size_t kLargestXyPointCount = 100'000;
 
 /// Reads a table as a pattern of copper radiation. On purpose the head gives the highest Y, but at least 0, for the
 /// step. Throws FatalIoError, also for a blank line and for a table of fewer than two points.
-IngPattern ReadXyTable(TextInput& txt);
+IngPattern ReadXyAsIng(TextInput& txt);
 
 }  // namespace talven

@@ -10,6 +10,8 @@ constexpr int kMostRounds = 60;
 constexpr double kSettled = 1e-3;
 /// Keeps the equations solvable where every point is a peak.
 constexpr double kSmallestWeight = 1e-12;
+/// Deviations below this share of the counts are rounding, not noise.
+constexpr double kRounding = 1e-9;
 
 double SmoothingParameter(double step) {
   const double ratio = 0.02 / step;
@@ -97,10 +99,12 @@ std::vector<double> EstimateBackground(const EvenGrid& grid) {
   const double lambda = SmoothingParameter(grid.step);
   std::vector<double> weights(grid.PointCount(), 1.0);
   std::vector<double> z = grid.counts;
+  double largest = 0.0;
+  for (const double count : grid.counts) largest = std::max(largest, std::fabs(count));
   for (int round = 0; round < kMostRounds; ++round) {
     z = SolvePenalised(grid.counts, weights, lambda);
     const NegativeSide side = MeasureNegativeSide(grid.counts, z);
-    if (!(side.deviation > 0.0) || Reweight(grid.counts, z, side, weights) < kSettled) break;
+    if (!(side.deviation > kRounding * largest) || Reweight(grid.counts, z, side, weights) < kSettled) break;
   }
   return z;
 }

@@ -71,7 +71,7 @@ bool HasEqualSteps(const std::vector<double>& two_theta, double step) {
 double MedianStep(const std::vector<double>& two_theta) {
   std::vector<double> steps(two_theta.size() - 1);
   for (std::size_t i = 0; i < steps.size(); ++i) steps[i] = two_theta[i + 1] - two_theta[i];
-  const auto middle = steps.begin() + static_cast<std::ptrdiff_t>(steps.size() / 2);
+  const auto middle = steps.begin() + static_cast<std::ptrdiff_t>((steps.size() - 1) / 2);
   std::ranges::nth_element(steps, middle);
   return *middle;
 }

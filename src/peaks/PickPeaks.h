@@ -26,12 +26,12 @@ struct Peak {
 
 struct PeakOptions {
   /// Width of the peaks, degrees; measured from the strongest isolated ones where it is not given.
-  std::optional<double> fwhm;
+  std::optional<double> fwhm = std::nullopt;
   /// How many standard errors of the second derivative a peak has to rise above zero.
   double threshold = 3.5;
   bool keep_alpha2 = false;
   /// Angstrom; the pattern's own where it is not given.
-  std::optional<double> wavelength;
+  std::optional<double> wavelength = std::nullopt;
 };
 
 struct PickedPeaks {

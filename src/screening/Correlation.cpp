@@ -152,10 +152,7 @@ GriddedLines::GriddedLines(std::span<const double> two_theta, std::span<const do
     lines_[low + 1] += share * intensities[i];
   }
   spread_ = SpreadOut(lines_, overlap, step_);
-}
-
-double GriddedLines::Power() const {
-  return Dot(lines_, spread_);
+  power_ = Dot(lines_, spread_);
 }
 
 double GriddedLines::Correlate(const GriddedLines& other) const {

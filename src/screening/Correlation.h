@@ -84,7 +84,7 @@ class GriddedLines {
   GriddedLines(std::span<const double> two_theta, std::span<const double> intensities, double first, double last,
                const SymmetricTable& overlap);
   /// The double sum of these lines with themselves.
-  double Power() const;
+  double Power() const { return power_; }
   /// S of one list against another; both on the same grid.
   double Correlate(const GriddedLines& other) const;
   /// The lines spread out, from the first point of the grid on.
@@ -96,6 +96,7 @@ class GriddedLines {
   double step_;
   std::vector<double> lines_;
   std::vector<double> spread_;
+  double power_;
 };
 
 }  // namespace talven

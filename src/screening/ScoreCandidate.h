@@ -27,10 +27,10 @@ CoarseScore ScoreCoarsely(const ScreenTarget& target, const Candidate& candidate
 struct FittedScore {
   double score = 0.0;
   /// Nothing for a candidate without a cell.
-  std::optional<Lattice> lattice;
+  std::optional<Lattice> lattice = std::nullopt;
   /// Of a candidate without a cell: the scale of its d.
   double scale = 1.0;
-  std::optional<Texture> texture;
+  std::optional<Texture> texture = std::nullopt;
 };
 
 /// The parameters that symmetry leaves free, within 5 % and 2.9 degrees, from two simplices that start at the scale of

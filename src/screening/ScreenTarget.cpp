@@ -23,6 +23,8 @@ constexpr double kLongestWavelength = 100.0;
 constexpr double kMargin = 1.0;
 constexpr double kStepsInWidth = 6.0;
 constexpr double kLargestAngle = 179.0;
+/// What a flat pattern may differ from its background, as a share of the counts.
+constexpr double kRounding = 1e-9;
 
 double ChooseWavelength(const ScreenOptions& options, std::optional<double> own) {
   const double wavelength = options.wavelength > 0.0 ? options.wavelength : own.value_or(0.0);
@@ -64,7 +66,11 @@ ScreenTarget MakeScreenTarget(const Pattern& pattern, const ScreenOptions& optio
   EvenGrid net = ToReach(MakeEvenGrid(pattern, kFinestBackgroundStep));
   if (net.PointCount() < 2) throw std::invalid_argument("there are fewer than two points between 0 and 179 degrees");
   const std::vector<double> background = EstimateBackground(net);
-  for (std::size_t i = 0; i < net.PointCount(); ++i) net.counts[i] -= background[i];
+  const double rounding = kRounding * std::fabs(*std::ranges::max_element(net.counts));
+  for (std::size_t i = 0; i < net.PointCount(); ++i) {
+    net.counts[i] -= background[i];
+    if (std::fabs(net.counts[i]) < rounding) net.counts[i] = 0.0;
+  }
   ScreenTarget target = TargetOf(net, wavelength, options);
   PeakOptions peak_options;
   peak_options.wavelength = wavelength;

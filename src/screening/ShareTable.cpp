@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -86,7 +87,7 @@ void TakeSettings(const RowReader& reader, ShareTable& table) {
 }
 
 bool AreOfOneScreening(const ShareTable& a, const ShareTable& b) {
-  const bool has_same_settings = a.power == b.power && a.options.wavelength == b.options.wavelength &&
+  const bool has_same_settings = IsSamePower(a.power, b.power) && a.options.wavelength == b.options.wavelength &&
                                  a.options.fwhm == b.options.fwhm && a.options.texture == b.options.texture;
   return a.total == b.total && (!a.has_settings || !b.has_settings || has_same_settings);
 }
@@ -120,6 +121,10 @@ void CheckIndices(const ShareTable& whole) {
 }
 
 }  // namespace
+
+bool IsSamePower(double a, double b) {
+  return std::fabs(a - b) <= 1e-9 * std::fabs(a);
+}
 
 ShareTable ReadShareTable(TextInput& input) {
   ShareTable table;

@@ -33,6 +33,9 @@ struct ShareTable {
   std::vector<std::size_t> failed;
 };
 
+/// True if two values of `power` are those of one pattern: mathematical libraries differ in the last digits.
+bool IsSamePower(double a, double b);
+
 /// Throws FatalIoError for a text that is no such table.
 ShareTable ReadShareTable(TextInput& input);
 

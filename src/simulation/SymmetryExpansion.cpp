@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <unordered_map>
 
 namespace talven {
 namespace {
@@ -17,13 +18,19 @@ struct Line {
   float MeanF2() const { return static_cast<float>(f2_sum / entry_count); }
 };
 
+/// One number for an index: those of a file have four digits at most.
+std::uint64_t KeyOf(const MillerIndex& index) {
+  const auto part = [](std::int32_t i) { return static_cast<std::uint64_t>(i + 0x80000) & 0xFFFFFU; };
+  return part(index.h) << 40U | part(index.k) << 20U | part(index.l);
+}
+
 /// The lines of a list in the order of their first entries.
 std::vector<Line> GatherLines(const SymmetryGroup& symmetry, const ReflectionList& list) {
   std::vector<Line> lines;
-  std::map<MillerIndex, std::size_t> places;
+  std::unordered_map<std::uint64_t, std::size_t> places;
   for (std::int32_t i = 1; i <= list.ReflectionCount; ++i) {
     const MillerIndex index = symmetry.Representative({list.H[i], list.K[i], list.L[i]});
-    const auto [place, is_new] = places.try_emplace(index, lines.size());
+    const auto [place, is_new] = places.try_emplace(KeyOf(index), lines.size());
     if (is_new) lines.push_back({.representative = index, .two_theta = list.TwoTheta[i]});
     Line& line = lines[place->second];
     ++line.entry_count;
@@ -38,9 +45,11 @@ SymmetryExpansion ExpandBySymmetry(const SymmetryGroup& symmetry, const Reciproc
                                    ReflectionList& list) {
   const std::vector<Line> lines = GatherLines(symmetry, list);
   std::vector<std::pair<MillerIndex, float>> entries;
-  for (const Line& line : lines)
-    for (const MillerIndex& index : symmetry.EquivalentsInHalf(line.representative))
-      entries.emplace_back(index, line.MeanF2());
+  for (const Line& line : lines) {
+    // The representative comes last, for files name a line by the last of its entries.
+    const std::vector<MillerIndex> equivalents = symmetry.EquivalentsInHalf(line.representative);
+    for (std::size_t i = equivalents.size(); i > 0; --i) entries.emplace_back(equivalents[i - 1], line.MeanF2());
+  }
   SymmetryExpansion result{.unique_count = static_cast<std::int32_t>(lines.size())};
   result.limit_met = entries.size() > static_cast<std::size_t>(kReflectionLimit);
   if (result.limit_met) return result;

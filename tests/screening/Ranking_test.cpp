@@ -13,7 +13,7 @@ namespace {
 CoarseRow RowOf(std::size_t index, double score) {
   CoarseRow row;
   row.index = index;
-  row.name = "C" + std::to_string(index);
+  row.name = std::string("C").append(std::to_string(index));
   row.score = {score, 1.01, 0.5 * score};
   row.lattice = Lattice{.a = 5.0, .b = 6.0, .c = 7.0};
   return row;

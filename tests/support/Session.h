@@ -21,7 +21,7 @@ struct SessionResult {
 /// Runs `talven-console ARGUMENTS` in this process on the given answers. Arguments come without the program's path.
 SessionResult RunSession(const std::vector<std::string>& arguments, const std::string& answers);
 
-/// Path of the terminal program, and one as it has when it is installed.
+/// Path of the terminal program, and one that it could have, where none of our other programs is.
 extern const std::string kTalvenConsole, kOwnPath;
 
 /// Runs a shell's command line and gives its exit code.

@@ -12,7 +12,7 @@ namespace talven::test {
 namespace fs = std::filesystem;
 
 const bool kOnWindows = false;
-const std::string kOwnPath = "/usr/bin/talven-console";
+const std::string kOwnPath = "/nowhere/bin/talven-console";
 
 fs::path TestDirectory::Drive() const { return root_ / "home/talven/drives/c"; }
 

@@ -3,8 +3,8 @@
 #include <array>
 
 #include "app/run/OptionText.h"
-#include "ui/forms/FormFields.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 #include "ui/forms/FormState.h"
 
 namespace talven {

@@ -3,8 +3,8 @@
 #include "app/run/InputPath.h"
 #include "app/run/OptionText.h"
 #include "ui/forms/FormCatalogue.h"
-#include "ui/forms/FormState.h"
 #include "ui/forms/FormFields.h"
+#include "ui/forms/FormState.h"
 
 namespace talven {
 namespace {

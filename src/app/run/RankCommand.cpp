@@ -34,7 +34,7 @@ class RankCommand : public BatchCommand {
     ShareTable whole = JoinShares(shares);
     const std::optional<ScreenTarget> target = ReadMeasured(inputs[0], whole.options, reporter);
     if (!target) return;
-    if (whole.has_settings && target->coarse.Power() != whole.power) {
+    if (whole.has_settings && !IsSamePower(target->coarse.Power(), whole.power)) {
       reporter.Fail(inputs[0], "is not the pattern that the tables were made with");
       return;
     }
