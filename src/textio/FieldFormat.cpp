@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <string_view>
@@ -44,8 +46,8 @@ std::optional<std::uint64_t> ScaleAndRound(double magnitude, int decimals) {
     // 24 bits of a stored real times 10^12 at the most (29 bits beside its power of two): the product is exact.
     const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
     if (scaled >= 1e17) return std::nullopt;
-    const auto whole = static_cast<std::uint64_t>(scaled);
-    return scaled - static_cast<double>(whole) >= 0.5 ? whole + 1 : whole;
+    const auto whole = static_cast<std::int64_t>(scaled);
+    return static_cast<std::uint64_t>(scaled - static_cast<double>(whole) >= 0.5 ? whole + 1 : whole);
   }
   // Thirty more decimals tell an exact half from its neighbours: no other 64-bit real lies that close to one.
   std::array<char, 80> digits{};
@@ -61,43 +63,136 @@ std::optional<std::uint64_t> ScaleAndRound(double magnitude, int decimals) {
   return *cut >= '5' ? whole + 1 : whole;
 }
 
-/// A field that is filled from its right end.
-class LeftwardField {
- public:
-  explicit LeftwardField(std::span<char> field) : field_(field), room_(field.size()) {}
-  std::size_t Room() const { return room_; }
-  void Put(char c) {
-    if (room_ > 0) {
-      field_[--room_] = c;
-    } else {
-      too_narrow_ = true;
-    }
+/// Blanks a field; the usual widths by two stores that may overlap.
+void Blank(std::span<char> field) {
+  constexpr char kBlanks[] = "        ";
+  char* const begin = field.data();
+  char* const end = begin + field.size();
+  if (field.size() >= 8 && field.size() <= 16) {
+    std::memcpy(begin, kBlanks, 8);
+    std::memcpy(end - 8, kBlanks, 8);
+  } else if (field.size() >= 4 && field.size() < 8) {
+    std::memcpy(begin, kBlanks, 4);
+    std::memcpy(end - 4, kBlanks, 4);
+  } else {
+    std::fill(begin, end, ' ');
   }
-  void PutDigits(std::uint64_t whole) {
-    for (; whole != 0; whole /= 10) Put(static_cast<char>('0' + whole % 10));
-  }
-  /// Blanks what is left, or shows that the number was too wide.
-  void Finish() {
-    if (too_narrow_) return Asterisks(field_);
-    while (room_ > 0) field_[--room_] = ' ';
-  }
+}
 
- private:
-  std::span<char> field_;
-  std::size_t room_;
-  bool too_narrow_ = false;
-};
+constexpr std::array<std::uint64_t, 20> kWholePowersOfTen = [] {
+  std::array<std::uint64_t, 20> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+  return powers;
+}();
+
+/// How many digits a whole number has; none for 0.
+std::size_t CountDigits(std::uint64_t whole) {
+  // Bits times log10(2) are the digits, or one too many.
+  const auto digits = static_cast<std::size_t>(std::bit_width(whole)) * 1233 >> 12;
+  return digits + (whole >= kWholePowersOfTen[digits] ? 1 : 0);
+}
+
+constexpr std::array<char, 200> kPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+/// Writes the last digits of a whole number ahead of `end`, as many as are asked for, and takes them from it.
+char* PutDigits(char* end, std::uint64_t& whole, std::size_t count) {
+  for (; count >= 2; count -= 2, whole /= 100) std::memcpy(end -= 2, &kPairs[2 * (whole % 100)], 2);
+  if (count == 1) {
+    *--end = static_cast<char>('0' + whole % 10);
+    whole /= 10;
+  }
+  return end;
+}
+
+/// The eight digits of a number below 10^8, a byte each, the first in the lowest. All are found at once, in lanes of
+/// 32, 16 and 8 bits; the factors stand for divisions by 100 and 10, exact for what a lane can hold.
+std::uint64_t EightDigits(std::uint32_t number) {
+  const std::uint64_t fours = number / 10'000 | static_cast<std::uint64_t>(number % 10'000) << 32;
+  const std::uint64_t hundreds = (fours * 10'486 >> 20) & 0x0000'007F'0000'007F;
+  const std::uint64_t twos = hundreds | (fours - hundreds * 100) << 16;
+  const std::uint64_t tens = (twos * 103 >> 10) & 0x000F'000F'000F'000F;
+  return tens | (twos - tens * 10) << 8;
+}
+
+/// A whole number of up to four digits in a field of 4 columns, found as in EightDigits; false for any other.
+bool PlaceFour(std::span<char> field, std::int64_t value) {
+  if (std::endian::native != std::endian::little || field.size() != 4 || value > 9999 || value < -999) return false;
+  const auto number = static_cast<std::uint32_t>(std::abs(value));
+  const std::uint32_t hundreds = number * 10'486 >> 20;
+  const std::uint32_t twos = hundreds | (number - hundreds * 100) << 16;
+  const std::uint32_t tens = (twos * 103 >> 10) & 0x000F'000F;
+  const std::uint32_t digits = tens | (twos - tens * 10) << 8;
+  const int zeros = std::min(std::countr_zero(digits) / 8, 3);
+  const std::uint32_t leading = (std::uint32_t{1} << 8 * zeros) - 1;
+  const std::uint32_t text = digits + (0x3030'3030 ^ (leading & 0x1010'1010));
+  std::memcpy(field.data(), &text, 4);
+  if (value < 0) field[static_cast<std::size_t>(zeros - 1)] = '-';
+  return true;
+}
+
+/// The same as PlaceFixed in a field of 9 to 16 columns, for up to eight digits and seven decimals, in less time. False
+/// where that is not so, or where the number does not fit with a zero before its point.
+bool PlaceEight(std::span<char> field, bool negative, std::uint32_t whole, int decimals) {
+  if (std::endian::native != std::endian::little) return false;
+  if (field.size() < 9 || field.size() > 16 || decimals > 7 || whole > 99'999'999) return false;
+  constexpr char kBlanks[] = "        ";
+  const std::uint64_t digits = EightDigits(whole);
+  const int zeros = std::min(std::countr_zero(digits) / 8, 7 - decimals);
+  if (static_cast<std::size_t>(9 - zeros + (negative ? 1 : 0)) > field.size()) return false;
+  // '0' and ' ' differ in one bit.
+  const std::uint64_t leading = (std::uint64_t{1} << 8 * zeros) - 1;
+  const std::uint64_t text = digits + (0x3030'3030'3030'3030 ^ (leading & 0x1010'1010'1010'1010));
+  std::uint64_t ahead = text;
+  char last = '.';
+  if (decimals > 0) {
+    const int point = 8 * (8 - decimals);
+    const std::uint64_t below = text & ((std::uint64_t{1} << point) - 1);
+    ahead = below | std::uint64_t{'.'} << point | (text - below) << 8;
+    last = static_cast<char>(text >> 56);
+  }
+  char* const begin = field.data() + field.size() - 9;
+  std::memcpy(field.data(), kBlanks, 8);
+  std::memcpy(begin, &ahead, 8);
+  begin[8] = last;
+  if (negative) begin[zeros - 1] = '-';
+  return true;
+}
 
 /// Writes sign, digits and point of a number whose digits are those of `whole` with the point before the last
 /// `decimals` of them.
 void PlaceFixed(std::span<char> field, bool negative, std::uint64_t whole, int decimals) {
-  LeftwardField number(field);
-  for (int i = 0; i < decimals; ++i, whole /= 10) number.Put(static_cast<char>('0' + whole % 10));
-  number.Put('.');
-  if (whole == 0 && (number.Room() > (negative ? 1U : 0U) || decimals == 0)) number.Put('0');
-  number.PutDigits(whole);
-  if (negative) number.Put('-');
-  number.Finish();
+  const auto fraction = static_cast<std::size_t>(decimals);
+  const std::size_t digits = CountDigits(whole);
+  const std::size_t ahead = digits > fraction ? digits - fraction : 0;
+  const std::size_t needed = ahead + fraction + (negative ? 2 : 1);
+  if (needed > field.size() || (ahead + fraction == 0 && needed == field.size())) return Asterisks(field);
+  Blank(field);
+  char* p = PutDigits(field.data() + field.size(), whole, fraction);
+  *--p = '.';
+  if (ahead > 0) {
+    p = PutDigits(p, whole, ahead);
+  } else if (needed < field.size()) {
+    *--p = '0';
+  }
+  if (negative) *--p = '-';
+}
+
+/// Writes a stored real by PlaceEight, if it can; its product with a power of ten is exact (see ScaleAndRound).
+bool PlaceStored(std::span<char> field, double value, int decimals) {
+  const double magnitude = std::fabs(value);
+  if (decimals > 7 || static_cast<double>(static_cast<float>(magnitude)) != magnitude) return false;
+  const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
+  if (!(scaled < 99'999'999.0)) return false;
+  const auto whole = static_cast<std::int32_t>(scaled);
+  const std::int32_t rounded = scaled - whole >= 0.5 ? whole + 1 : whole;
+  return PlaceEight(field, std::signbit(value), static_cast<std::uint32_t>(rounded), decimals);
 }
 
 /// Six significant digits in fixed notation: how many of them are decimals, for 0.1 <= magnitude < 1000000.
@@ -110,16 +205,18 @@ int DecimalsOfSix(double magnitude) {
 }  // namespace
 
 void FormatI(std::span<char> field, std::int64_t value) {
-  LeftwardField number(field);
+  if (PlaceFour(field, value)) return;
   const auto bits = static_cast<std::uint64_t>(value);
-  if (value == 0) number.Put('0');
-  number.PutDigits(value < 0 ? 0 - bits : bits);
-  if (value < 0) number.Put('-');
-  number.Finish();
+  std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
+  const std::size_t digits = magnitude == 0 ? 1 : CountDigits(magnitude);
+  if (digits + (value < 0 ? 1 : 0) > field.size()) return Asterisks(field);
+  Blank(field);
+  char* p = PutDigits(field.data() + field.size(), magnitude, digits);
+  if (value < 0) *--p = '-';
 }
 
 void FormatF(std::span<char> field, double value, int decimals) {
-  if (FormatSpecial(field, value)) return;
+  if (PlaceStored(field, value, decimals) || FormatSpecial(field, value)) return;
   const auto whole = ScaleAndRound(std::fabs(value), decimals);
   if (!whole) return Asterisks(field);
   PlaceFixed(field, std::signbit(value), *whole, decimals);
@@ -174,7 +271,8 @@ void FormatG(std::span<char, 15> field, double value) {
     --decimals;
     whole = 100'000U;
   }
-  PlaceFixed(number, std::signbit(value), *whole, decimals);
+  if (!PlaceEight(number, std::signbit(value), static_cast<std::uint32_t>(*whole), decimals))
+    PlaceFixed(number, std::signbit(value), *whole, decimals);
   std::fill(blanks.begin(), blanks.end(), ' ');
 }
 

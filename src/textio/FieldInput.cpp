@@ -5,8 +5,6 @@
 #include <charconv>
 #include <string>
 
-#include "textio/FixedText.h"
-
 namespace talven {
 namespace {
 
@@ -110,34 +108,62 @@ bool IsPlain(std::string_view text) {
   return !text.empty() && std::ranges::all_of(text, [](char c) { return IsDigit(c) || c == '.'; });
 }
 
-/// A short number without exponent; nothing for any other. Up to 2^24 its digits are exact in a stored real, and so is
-/// a power of ten up to 10^10: one division then rounds as well as <charconv> does, in less time.
-std::optional<float> ReadShort(std::string_view text) {
-  constexpr std::array<float, 11> kPowersOfTen = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
-  const bool negative = !text.empty() && text.front() == '-';
-  if (negative) text.remove_prefix(1);
-  std::uint32_t digits = 0;
-  std::size_t point = text.size();
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '.' && point == text.size()) {
-      point = i;
-    } else if (IsDigit(text[i])) {
-      digits = digits * 10 + static_cast<std::uint32_t>(text[i] - '0');
-      if (digits > 1U << 24) return std::nullopt;
-    } else {
-      return std::nullopt;
-    }
+/// Passes over digits, which are added to a value, and gives where they end. Beyond nine the value is of no use.
+const char* TakeDigits(const char* p, const char* end, std::uint32_t& value) {
+  for (; p != end; ++p) {
+    const std::uint32_t digit = static_cast<std::uint32_t>(*p) - '0';
+    if (digit > 9) break;
+    value = value * 10 + digit;
   }
-  const std::size_t decimals = point == text.size() ? 0 : text.size() - point - 1;
-  const bool has_digits = text.size() > (point == text.size() ? 0U : 1U);
-  if (!has_digits || decimals >= kPowersOfTen.size()) return std::nullopt;
-  const float magnitude = static_cast<float>(digits) / kPowersOfTen[decimals];
+  return p;
+}
+
+/// A short number without exponent, which has to have a point if that is asked for; nothing for any other. Up to 2^24
+/// its digits are exact in a stored real, and so is a power of ten up to 10^10: one division then rounds as well as
+/// <charconv> does, in less time.
+std::optional<float> ReadShort(std::string_view text, bool needs_point = false) {
+  constexpr std::array<float, 10> kPowersOfTen = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F};
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  const bool negative = p != end && *p == '-';
+  if (negative) ++p;
+  const char* const first = p;
+  std::uint32_t digits = 0;
+  p = TakeDigits(p, end, digits);
+  auto count = p - first;
+  std::ptrdiff_t decimals = 0;
+  if (p != end && *p == '.') {
+    const char* const point = p;
+    p = TakeDigits(p + 1, end, digits);
+    decimals = p - point - 1;
+    count += decimals;
+  } else if (needs_point) {
+    return std::nullopt;
+  }
+  if (p != end || count == 0 || count > 9 || digits > 1U << 24) return std::nullopt;
+  const float magnitude = static_cast<float>(digits) / kPowersOfTen[static_cast<std::size_t>(decimals)];
+  return negative ? -magnitude : magnitude;
+}
+
+/// A whole number of at most nine digits with blanks ahead of it alone; nothing for any other.
+std::optional<std::int32_t> ReadShortWhole(std::string_view field) {
+  const char* p = field.data();
+  const char* const end = p + field.size();
+  while (p != end && *p == ' ') ++p;
+  const bool negative = p != end && *p == '-';
+  if (negative) ++p;
+  const char* const first = p;
+  std::uint32_t digits = 0;
+  p = TakeDigits(p, end, digits);
+  if (p != end || p == first || p - first > 9) return std::nullopt;
+  const auto magnitude = static_cast<std::int32_t>(digits);
   return negative ? -magnitude : magnitude;
 }
 
 }  // namespace
 
 std::optional<std::int32_t> ReadI(std::string_view field) {
+  if (const auto value = ReadShortWhole(field)) return value;
   bool negative = false;
   bool signed_field = false;
   int digits = 0;
@@ -162,12 +188,12 @@ std::optional<std::int32_t> ReadI(std::string_view field) {
 }
 
 std::optional<float> ReadF(std::string_view field, int decimals) {
-  const std::string_view text = Trim(field);
+  std::string_view text = field;
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   if (text.empty()) return 0.0F;
-  if (decimals == 0 || text.find('.') != std::string_view::npos) {
-    if (const auto value = ReadShort(text)) return value;
-    if (IsPlain(text)) return Convert<float>(text);
-  }
+  if (const auto value = ReadShort(text, decimals != 0)) return value;
+  if ((decimals == 0 || text.find('.') != std::string_view::npos) && IsPlain(text)) return Convert<float>(text);
   return ReadScaled<float>(WithoutBlanks(text), decimals);
 }
 

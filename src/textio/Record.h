@@ -1,6 +1,7 @@
 // One line of output, built from left to right out of fields that follow each other with nothing between them.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -21,15 +22,26 @@ class Record {
   Record& X(std::size_t count);
   /// The whole text.
   Record& A(std::string_view text);
-  Record& I(std::int64_t value, std::size_t width);
-  Record& F(double value, std::size_t width, int decimals);
+  Record& I(std::int64_t value, std::size_t width) {
+    FormatI(Take(width), value);
+    return *this;
+  }
+  Record& F(double value, std::size_t width, int decimals) {
+    FormatF(Take(width), value, decimals);
+    return *this;
+  }
   Record& G(double value);
 
   std::string_view Text() const { return {characters_.data(), length_}; }
   void Clear() { length_ = 0; }
 
  private:
-  std::span<char> Take(std::size_t count);
+  std::span<char> Take(std::size_t count) {
+    const std::size_t taken = std::min(count, kCapacity - length_);
+    const std::span<char> field(characters_.data() + length_, taken);
+    length_ += taken;
+    return field;
+  }
   static constexpr std::size_t kCapacity = 1024;
   std::array<char, kCapacity> characters_;
   std::size_t length_ = 0;

@@ -63,18 +63,32 @@ TEST(FieldInput, RealsWithImpliedDecimalsBlanksAndExponents) {
     EXPECT_FALSE(ReadF(bad, 0)) << bad;
 }
 
-TEST(Fields, RandomValuesAreWrittenAndReadAsTheStandardLibraryDoes) {
+TEST(Fields, RandomNumbersAreWrittenAndReadAsTheStandardLibraryDoes) {
   std::mt19937 random(1);
-  std::uniform_real_distribution<float> exponent(-3.0F, 7.0F);
+  const auto pick = [&random](int first, int last) { return std::uniform_int_distribution<int>(first, last)(random); };
   for (int i = 0; i < 200'000; ++i) {
-    const float value = std::pow(10.0F, exponent(random)) * (i % 2 == 0 ? 1.0F : -1.0F);
-    const int decimals = 1 + i % 4;
+    const auto width = static_cast<std::size_t>(pick(4, 18));
+    const int decimals = pick(0, 8);
+    const float value = static_cast<float>(pick(-999'999'999, 999'999'999) / std::pow(10.0, pick(0, 9)));
     // An exact half is the one case in which printf, which rounds to even, must differ.
-    if (std::fabs(std::fmod(std::ldexp(value, decimals + 1), 2.0F)) == 1.0F) continue;
-    char expected[64];
-    std::snprintf(expected, sizeof expected, "%14.*f", decimals, static_cast<double>(value));
-    ASSERT_EQ(Record().F(value, 14, decimals).Text(), expected);
-    ASSERT_EQ(ReadReal<float>(Trim(expected)), std::strtof(expected, nullptr)) << expected;
+    const double scaled = std::fabs(value) * std::pow(10.0, decimals);
+    if (scaled - std::floor(scaled) == 0.5) continue;
+    char digits[64];
+    std::snprintf(digits, sizeof digits, "%#.*f", decimals, static_cast<double>(value));
+    std::string expected = digits;
+    if (expected.size() == width + 1 && decimals > 0 && std::fabs(value) < 1.0F && expected.find("0.") < 2)
+      expected.erase(expected.find("0."), 1);
+    expected = expected.size() > width ? std::string(width, '*') : std::string(width - expected.size(), ' ') + expected;
+    ASSERT_EQ(Record().F(value, width, decimals).Text(), expected) << value << " F" << width << "." << decimals;
+    if (expected.back() == '*') continue;
+    ASSERT_EQ(ReadF(expected, decimals), std::strtof(expected.c_str(), nullptr)) << expected;
+    ASSERT_EQ(ReadReal<float>(Trim(expected)), std::strtof(expected.c_str(), nullptr)) << expected;
+  }
+  for (int value = -1100; value < 10'100; ++value) {
+    std::string expected = std::to_string(value);
+    ASSERT_EQ(ReadI(" " + expected), value);
+    expected = expected.size() > 4 ? "****" : std::string(4 - expected.size(), ' ') + expected;
+    ASSERT_EQ(Record().I(value, 4).Text(), expected);
   }
   EXPECT_EQ(ReadReal<float>("-.5"), -0.5F);
   for (const char* bad : {"", "-", ".", "-.", "1..2", "--1", "1-"}) EXPECT_FALSE(ReadReal<float>(bad)) << bad;

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ui/Toolkit.h"
+#include "ui/forms/FormState.h"
 
 class QDialog;
 
