@@ -7,6 +7,9 @@ install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/talven FILES_MA
 if(TARGET talven AND UNIX AND NOT APPLE)
   install(FILES packaging/talven.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES packaging/talven-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME talven.xml)
+  if(TARGET talven-view)
+    install(FILES packaging/talven-view.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  endif()
   install(FILES packaging/talven.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 endif()
 

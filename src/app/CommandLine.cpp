@@ -29,8 +29,14 @@ void PrintUsage(std::string_view program, std::ostream& stream) {
          "Without arguments the job and its directory are asked for. With a job the working directory is the one in\n"
          "the directory file DRIVE:\\exe\\VELDOR\\DIR.DEF, which every start without arguments rewrites.\n"
          "\n"
-         "  --help     prints this text\n"
-         "  --version  prints the version\n";
+         "  -h, --help  prints this text\n"
+         "  --version   prints the version\n";
+}
+
+int Refuse(std::string_view program, std::string_view reason, std::string_view argument, std::ostream& messages) {
+  messages << program << ": " << reason << ": " << argument << '\n';
+  PrintUsage(program, messages);
+  return kExitRefused;
 }
 
 }  // namespace
@@ -43,19 +49,18 @@ std::vector<std::string> CommandArguments(int argc, const char* const* argv) {
 
 std::optional<int> AnswerCommandLine(std::string_view program, const std::vector<std::string>& arguments,
                                      std::ostream& output, std::ostream& messages) {
-  if (arguments.size() == 2 && arguments[1] == "--help") {
+  const std::string_view first = arguments.size() > 1 ? std::string_view(arguments[1]) : "";
+  if (first == "--help" || first == "-h") {
     PrintUsage(program, output);
     return output.flush() ? kExitNormal : kExitFatalIo;
   }
-  if (arguments.size() == 2 && arguments[1] == "--version") {
+  if (first == "--version") {
     output << program << ' ' << TALVEN_VERSION << '\n';
     return output.flush() ? kExitNormal : kExitFatalIo;
   }
-  if (arguments.size() >= 2 && ArgumentLength(arguments[1]) > kLongestJobName) {
-    messages << program << ": job name longer than 20 characters: " << arguments[1] << '\n';
-    PrintUsage(program, messages);
-    return kExitRefused;
-  }
+  if (first.starts_with('-')) return Refuse(program, "unknown option", first, messages);
+  if (ArgumentLength(first) > kLongestJobName)
+    return Refuse(program, "job name longer than 20 characters", first, messages);
   return std::nullopt;
 }
 

@@ -16,8 +16,8 @@ std::vector<std::string> ProcessArguments(int argc, const char* const* argv);
 /// The same without the empty ones, which don't count.
 std::vector<std::string> CommandArguments(int argc, const char* const* argv);
 
-/// Answers `--help` and `--version`, each as the only argument, and refuses a job name of more than 20 characters.
-/// Gives the exit code if the program ends with that.
+/// Answers `--help`, `-h` and `--version` as first argument, and refuses any other that begins with `-`, and a job name
+/// of more than 20 characters. Gives the exit code if the program ends with that.
 std::optional<int> AnswerCommandLine(std::string_view program, const std::vector<std::string>& arguments,
                                      std::ostream& output, std::ostream& messages);
 

@@ -134,12 +134,13 @@ void Toolkit::WMessageBox(const Message& message) {
 void Toolkit::WSelectFile(std::string_view filter, int flags, std::string& name, std::string_view title) {
   const auto chosen = AskFile({filter, name, std::string(title)});
   outcome_ = chosen ? 1 : 0;
-  if (!chosen) return;
-  name = *chosen;
-  if ((flags & kKeepDirectory) == 0) return;
-  std::error_code error;
-  const std::filesystem::path directory = ToPath(name).parent_path();
-  if (directory != std::filesystem::current_path(error)) std::filesystem::current_path(directory, error);
+  if (chosen) name = *chosen;
+  if (chosen && (flags & kKeepDirectory) != 0) {
+    std::error_code error;
+    const std::filesystem::path directory = ToPath(name).parent_path();
+    if (directory != std::filesystem::current_path(error)) std::filesystem::current_path(directory, error);
+  }
+  ShowDirectory();
 }
 
 int Toolkit::WDialogQuery(int what) const {

@@ -46,6 +46,7 @@ TEST_F(Driver, StartByHandAsksAndRewritesTheDirectoryFile) {
   const SessionResult result = RunSession({}, names + "1005=List\nok\n\nexit\n");
   EXPECT_EQ(result.exit_code, 0) << "nothing is started after a start by hand, so nothing is missed";
   EXPECT_EQ(result.Boxes(), "Job Name longer than 20 Characters\n");
+  EXPECT_EQ(Count(result.messages, "\n[folder] " + FromPath(Path()) + "\n"), 1);
   EXPECT_EQ(Count(result.messages, "[file] Find the Directory -          The file name does not matter\n"), 1);
   for (const auto& [answer, directory] : {Row{"cancel", ""},
                                           Row{kLongName, "/" + kLongName},
@@ -75,6 +76,8 @@ TEST_F(Driver, FaultsAndTheirExitCodes) {
         Fault{"here", "abc", "C:", 2, "[message] Failed to execute program\n"},
         Fault{"here", "--version", "", 0, "console "},
         Fault{"here", "--help", "", 0, "usage: talven-console [JOB DRIVE [MOLPAK]]\n"},
+        Fault{"here", "-h", "C:", 0, "usage: talven-console [JOB DRIVE [MOLPAK]]\n"},
+        Fault{"here", "-abc", "C:", 2, "talven-console: unknown option: -abc\nusage: "},
         Fault{"here", "", "", 2, "refused: 1006=10: expected the number of a button, 1 to 9\n"},
         Fault{"here", twenty_one, "", 2, "job name longer than 20 characters: " + twenty_one + "\nusage: "}}) {
     if (kOnWindows && content == "full") continue;

@@ -3,6 +3,8 @@
 #include <istream>
 #include <ostream>
 
+#include "textio/FixedText.h"
+
 namespace talven {
 
 std::optional<std::string> AnswerReader::Next(BlankLines blank_lines) {
@@ -14,6 +16,11 @@ std::optional<std::string> AnswerReader::Next(BlankLines blank_lines) {
     return line;
   }
   return std::nullopt;
+}
+
+bool AnswerReader::IsCallForHelp(std::string_view answer) const {
+  const std::string_view word = Trim(answer);
+  return is_interactive_ && (word == "help" || word == "?");
 }
 
 void AnswerReader::Refuse(std::string_view answer, std::string_view reason) {

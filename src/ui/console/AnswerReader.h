@@ -26,6 +26,11 @@ class AnswerReader {
   /// of the input.
   std::optional<std::string> Next(BlankLines blank_lines);
 
+  /// A person gives the answers, and can give another one.
+  bool IsInteractive() const { return is_interactive_; }
+  /// True for a person's `help` or `?`.
+  bool IsCallForHelp(std::string_view answer) const;
+
   /// Says why the last answer can't be taken and what would be. Throws RefusedAnswer unless a person can answer again.
   void Refuse(std::string_view answer, std::string_view reason);
 

@@ -34,6 +34,12 @@ std::filesystem::path ChosenPath(std::string_view answer, std::string_view propo
   return path.replace_filename(written.filename());
 }
 
+std::string FileHelp(const std::string& proposed_name) {
+  return "[help] the path of a file, as " + proposed_name +
+         "\n[help] the path of a folder, as .. : the proposed name in that folder\n"
+         "[help] a blank line or cancel: none\n";
+}
+
 /// Where a program was looked for, to stand behind what is told of it.
 std::string LookedAt(const CommandLookup& lookup) {
   std::string text;
@@ -79,11 +85,20 @@ int ConsoleToolkit::RunForm(FormState& form) {
   FlushPane();
   PrintForm(form, messages_);
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kSkip)) {
+    if (answers_.IsCallForHelp(*answer)) {
+      Tell(FormHelp(form));
+      continue;
+    }
+    if (answers_.IsInteractive() && FillOnlyText(form, *answer)) return kOkButton;
     const FormAnswer outcome = AnswerForm(form, *answer);
     if (outcome.button) return *outcome.button;
     if (!outcome.refusal.empty()) answers_.Refuse(*answer, outcome.refusal);
   }
   return ButtonAtEnd(form);
+}
+
+void ConsoleToolkit::ShowDirectory() {
+  Tell(std::string("[folder] ").append(IOsDirName()).append("\n"));
 }
 
 int ConsoleToolkit::AskMessage(const Message& message) {
@@ -102,6 +117,10 @@ int ConsoleToolkit::AskMessage(const Message& message) {
   for (const MessageButton& button : buttons)
     wanted += (wanted.empty() ? "expected " : " or ") + std::string(button.text);
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kSkip)) {
+    if (answers_.IsCallForHelp(*answer)) {
+      Tell("[help] " + wanted + ", in upper or lower case\n");
+      continue;
+    }
     for (const MessageButton& button : buttons)
       if (EqualsIgnoringCase(Trim(*answer), button.text)) return button.answer;
     answers_.Refuse(*answer, wanted);
@@ -113,6 +132,10 @@ std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
   Tell(std::string("[file] ").append(TrimRight(request.title)).append("\n"));
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
     if (answer->empty() || EqualsIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
+    if (answers_.IsCallForHelp(*answer)) {
+      Tell(FileHelp(request.proposed_name));
+      continue;
+    }
     std::error_code error;
     const auto path = ChosenPath(*answer, request.proposed_name);
     if (!path.has_parent_path()) return FromPath(std::filesystem::current_path(error) / path);

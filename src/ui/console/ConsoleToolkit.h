@@ -16,8 +16,8 @@ namespace talven {
 class ConsoleToolkit : public Toolkit {
  public:
   /// `input` gives the answers, one to a line; `output` takes the pane lines and nothing else; `messages` takes forms,
-  /// message boxes and refusals. With `is_interactive` a refused answer is asked for again; without, it throws
-  /// RefusedAnswer.
+  /// message boxes and refusals. With `is_interactive` a person sits there: a refused answer is asked for again, a job
+  /// name can simply be typed, and `help` is answered; without, a refused answer throws RefusedAnswer.
   ConsoleToolkit(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
                  std::ostream& messages, bool is_interactive);
 
@@ -40,6 +40,7 @@ class ConsoleToolkit : public Toolkit {
   void HideForm(const FormState&) override {}
   int AskMessage(const Message& message) override;
   std::optional<std::string> AskFile(const FileRequest& request) override;
+  void ShowDirectory() override;
 
  private:
   /// Sends the pane lines on their way: before anything is asked, another program started or the window closed. Throws

@@ -1,5 +1,6 @@
 #include "ui/console/FormDialogue.h"
 
+#include <algorithm>
 #include <ostream>
 
 #include "textio/FieldInput.h"
@@ -77,6 +78,12 @@ FormAnswer AnswerField(FormState& form, int id, std::string_view value) {
   return {};
 }
 
+/// The field that an answer of the kind ID=VALUE names; nothing for another line.
+std::optional<std::int32_t> FieldOf(std::string_view answer) {
+  const std::size_t equals = answer.find('=');
+  return equals == std::string_view::npos ? std::nullopt : ReadNumber(answer.substr(0, equals));
+}
+
 FormAnswer PressButton(const FormState& form, int id) {
   if (form.Find(id) == nullptr) return Refused("the form has no such button: expected ok or ID=VALUE");
   return {.button = id, .refusal = {}};
@@ -102,10 +109,36 @@ FormAnswer AnswerForm(FormState& form, std::string_view answer) {
   const std::string_view word = Trim(answer);
   if (word == "ok") return PressButton(form, kOkButton);
   if (word == "exit") return PressButton(form, kExitButton);
-  const std::size_t equals = answer.find('=');
-  const auto id = equals == std::string_view::npos ? std::nullopt : ReadNumber(answer.substr(0, equals));
+  const auto id = FieldOf(answer);
   if (!id) return Refused("expected ID=VALUE, ok or exit");
-  return AnswerField(form, *id, answer.substr(equals + 1));
+  return AnswerField(form, *id, answer.substr(answer.find('=') + 1));
+}
+
+bool FillOnlyText(FormState& form, std::string_view line) {
+  const std::string_view word = Trim(line);
+  const auto is_text = [](const FormState::Field& field) { return field.spec->kind == FieldKind::kEdit; };
+  if (word == "ok" || word == "exit" || FieldOf(line)) return false;
+  if (std::ranges::count_if(form.Fields(), is_text) != 1) return false;
+  form.EditText(std::ranges::find_if(form.Fields(), is_text)->spec->id, line);
+  return true;
+}
+
+std::string FormHelp(const FormState& form) {
+  std::string number, text, check, group;
+  for (const FormState::Field& field : form.Fields()) {
+    const FieldSpec& spec = *field.spec;
+    const std::string id = std::to_string(spec.id) + "=";
+    if (!field.is_enabled) continue;
+    if (IsNumeric(spec.kind) && number.empty()) number = "[help] ID=VALUE fills a field, as " + id + field.text + "\n";
+    if (spec.kind == FieldKind::kEdit)
+      text = "[help] ID=VALUE fills a field, as " + id + "UREA; the value alone does so too, and presses ok\n";
+    if (spec.kind == FieldKind::kCheck && check.empty())
+      check = "[help] ID=on or ID=off sets a check box, as " + id + "on\n";
+    if (spec.begins_group)
+      group = "[help] ID=N chooses the Nth button of the group that begins there, as " + id + "2\n";
+  }
+  const bool has_exit = form.Find(kExitButton) != nullptr;
+  return text + number + check + group + "[help] ok goes on" + (has_exit ? ", exit leaves\n" : "\n");
 }
 
 int ButtonAtEnd(const FormState& form) {

@@ -25,6 +25,13 @@ struct FormAnswer {
 /// Takes `ok`, `exit` or `ID=VALUE`.
 FormAnswer AnswerForm(FormState& form, std::string_view answer);
 
+/// Takes a line that is no answer in the sense of AnswerForm as the value of a form's only text field, so that a job
+/// name can simply be typed. False, and nothing done, for any other line or form.
+bool FillOnlyText(FormState& form, std::string_view line);
+
+/// What can be answered to a form, one line for each way, with an example from the form.
+std::string FormHelp(const FormState& form);
+
 /// The button that the end of the input presses: exit where the form has it, else ok.
 int ButtonAtEnd(const FormState& form);
 

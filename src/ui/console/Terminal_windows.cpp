@@ -44,6 +44,11 @@ bool IsTerminalInput() {
   return GetConsoleMode(GetStdHandle(STD_INPUT_HANDLE), &mode) != FALSE;
 }
 
+bool IsTerminalMessages() {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != FALSE;
+}
+
 void PrepareTerminal() {
   for (std::FILE* const stream : {stdout, stderr}) {
     // The same bytes as on other systems; a console takes a lone LF for the end of a line too.

@@ -81,8 +81,34 @@ TEST(ConsoleToolkit, MessageBoxesAndFileSelector) {
   chooser.toolkit.WSelectFile("f|*.*|", 0, name, "Title");
   const auto root = std::filesystem::canonical("/");
   EXPECT_TRUE(ToPath(name) == root / "x.LST" && std::filesystem::current_path() != root) << "moved only if asked";
+  EXPECT_EQ(chooser.messages.str(), "[file] Title\n[folder] " + FromPath(std::filesystem::current_path()) + "\n");
   EXPECT_THROW(chooser.toolkit.WSelectFile("f|*.*|", 0, name, "Title"), RefusedAnswer);
   EXPECT_THROW(Terminal("maybe\n").toolkit.WMessageBox({.type = MessageType::kYesNo}), RefusedAnswer);
+}
+
+TEST(ConsoleToolkit, APersonMayTypeAJobNameAndAskForHelp) {
+  Terminal person("?\n help\nmy job = 3\n", true);
+  person.toolkit.WDialogLoad(kJobNameForm);
+  person.toolkit.WDialogShow(-1, -1, 0, kModal);
+  EXPECT_EQ(person.toolkit.WDialogGetString(1005), "my job = 3");
+  const std::string help =
+      "[help] ID=VALUE fills a field, as 1005=UREA; the value alone does so too, and presses ok\n[help] ok goes on\n";
+  EXPECT_TRUE(person.messages.str().ends_with(help + help)) << person.messages.str();
+  EXPECT_THROW(Terminal("my job\n").Show(kJobNameForm), RefusedAnswer) << "in a script it may be a mistake";
+  EXPECT_THROW(Terminal("help\n").Show(kJobNameForm), RefusedAnswer);
+  Terminal pattern("help\n0.5\nok\n", true);
+  EXPECT_EQ(pattern.Show(kPatternForm), kOkButton);
+  EXPECT_TRUE(pattern.messages.str().ends_with(
+      "[help] ID=VALUE fills a field, as 1013=0.710690\n[help] ID=on or ID=off sets a check box, as 1015=on\n"
+      "[help] ID=N chooses the Nth button of the group that begins there, as 1006=2\n[help] ok goes on\n"
+      "answer refused: 0.5: expected ID=VALUE, ok or exit\n"));
+  Terminal box("help\nyes\n?\n/\n", true);
+  box.toolkit.WMessageBox({.type = MessageType::kYesNo});
+  EXPECT_TRUE(box.messages.str().ends_with("[help] expected Yes or No, in upper or lower case\n"));
+  std::string name = "job.HKL";
+  box.toolkit.WSelectFile("", 0, name, "Title");
+  EXPECT_EQ(ToPath(name).filename(), "job.HKL");
+  EXPECT_NE(box.messages.str().find("[help] the path of a file, as job.HKL\n"), std::string::npos);
 }
 
 TEST(ConsoleToolkit, RunsAProgramAndWaits) {

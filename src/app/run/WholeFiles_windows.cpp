@@ -1,0 +1,22 @@
+#define WIN32_LEAN_AND_MEAN
+#define NOMINMAX
+#include <windows.h>
+
+#include "app/run/WholeFiles.h"
+#include "textio/FileNames.h"
+
+namespace talven {
+
+bool SyncFile(const std::string& path) {
+  const HANDLE file =
+      CreateFileW(ToPath(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  const bool is_synced = FlushFileBuffers(file) != 0;
+  return CloseHandle(file) != 0 && is_synced;
+}
+
+long ProcessNumber() {
+  return static_cast<long>(GetCurrentProcessId());
+}
+
+}  // namespace talven
