@@ -72,7 +72,11 @@ void AddBatchOptions(CLI::App& app, const BatchFeatures& features, BatchOptions&
       ->needs("--files-from");
   if (features.has_parts)
     AddOption(
-        app, "--part", "I/N", [&options](const std::string& text) { options.part = ParsePart(text); },
+        app, "--part", "I/N",
+        [&options](const std::string& text) {
+          options.part = ParsePart(text);
+          options.has_part = true;
+        },
         "takes every Nth input beginning with the Ith");
   if (features.has_outputs) {
     AddOption(

@@ -22,6 +22,8 @@ struct BatchOptions {
   std::string files_from;
   bool is_list_parted_by_nul = false;
   Part part;
+  /// A part was asked for, be it the only one.
+  bool has_part = false;
   bool resumes = false;
   /// Folder of the outputs; empty for that of each input.
   std::string output_folder;

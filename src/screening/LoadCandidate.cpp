@@ -1,0 +1,128 @@
+#include "screening/LoadCandidate.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <numbers>
+#include <utility>
+
+#include "comparison/PeakListFile.h"
+#include "crystal/ModelFromCif.h"
+#include "crystal/ScatteringTables.h"
+#include "patterns/PatternFormats.h"
+#include "shelx/ReadModel.h"
+#include "textio/FatalIoError.h"
+#include "textio/FileNames.h"
+#include "textio/Folder.h"
+#include "textio/InputFile.h"
+
+namespace talven {
+namespace {
+
+/// Lines of half a sphere of a structure: beyond this the cell is hardly meant.
+constexpr double kMostLines = 5e6;
+
+std::string Extension(const std::string& path) {
+  const std::size_t point = path.find_last_of("./\\");
+  if (point == std::string::npos || path[point] != '.') return {};
+  std::string extension = path.substr(point + 1);
+  std::ranges::transform(extension, extension.begin(),
+                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  return extension;
+}
+
+void OpenPath(const std::string& path, InputFile& file) {
+  file.OpenRequired(Folder(), path);
+}
+
+bool HasWavelengthLine(const InputFile& file) {
+  constexpr std::string_view kKeyword = "   Radiation Wavelength";
+  const std::string_view content = file.Content();
+  return content.starts_with(kKeyword) || content.find("\n" + std::string(kKeyword)) != std::string_view::npos;
+}
+
+void CheckModel(const CrystalModel& model, const LineRange& range, const std::string& path) {
+  if (!model.lattice.IsValid()) throw FatalIoError(path + ": the cell has no volume");
+  if (model.atoms.empty()) throw FatalIoError(path + ": there are no atoms in it");
+  const double radius = std::sqrt(InverseSquareSpacingAt(range.last, range.wavelength)) / (1.0 - kSpacingMargin);
+  const double lines = 2.0 / 3.0 * std::numbers::pi * radius * radius * radius * model.lattice.Volume();
+  if (lines > kMostLines) throw FatalIoError(path + ": the cell is so large that it has more than 5,000,000 lines");
+}
+
+Candidate StructureCandidate(CrystalModel model, std::vector<std::string> notices, const std::string& path,
+                             const ScreenTarget& target) {
+  CheckModel(model, target.range, path);
+  SetWavelength(model, target.range.wavelength);
+  Candidate candidate = CandidateOf(model, target.range, target.texture);
+  candidate.notices = std::move(notices);
+  return candidate;
+}
+
+Candidate PeakListCandidate(const std::string& path, const ScreenTarget& target) {
+  const PeakListReading reading = LoadPeakList(path);
+  const auto angles = reading.peaks.TwoTheta.Range(1, reading.peaks.count);
+  const auto heights = reading.peaks.Intensity.Range(1, reading.peaks.count);
+  Candidate candidate = CandidateOfLines({angles.begin(), angles.end()}, {heights.begin(), heights.end()},
+                                         reading.wavelength.value_or(target.range.wavelength));
+  if (!reading.wavelength)
+    candidate.notices.emplace_back("tells no wavelength; that of the measured pattern was taken");
+  return candidate;
+}
+
+Candidate PatternCandidate(const std::string& path, const ScreenTarget& target) {
+  PatternFile file = ReadPatternFile(ToPath(path));
+  Candidate candidate =
+      CandidateOfPattern(file.pattern, file.pattern.wavelength.value_or(target.range.wavelength), target.fwhm);
+  candidate.notices.insert(candidate.notices.begin(), file.notices.begin(), file.notices.end());
+  if (!file.pattern.wavelength)
+    candidate.notices.emplace_back("tells no wavelength; that of the measured pattern was taken");
+  return candidate;
+}
+
+Candidate LoadByExtension(const std::string& path, const ScreenTarget& target) {
+  const std::string extension = Extension(path);
+  if (extension == "lst") return PeakListCandidate(path, target);
+  if (extension != "ins" && extension != "res" && extension != "cif") return PatternCandidate(path, target);
+  InputFile file;
+  OpenPath(path, file);
+  if (extension == "cif") {
+    if (file.Content().find("_atom_site_fract_x") == std::string_view::npos) return PatternCandidate(path, target);
+    CifStructure structure = ModelFromCif(file);
+    return StructureCandidate(std::move(structure.model), std::move(structure.notices), path, target);
+  }
+  ModelReading reading = ReadModel(file);
+  return StructureCandidate(std::move(reading.model), std::move(reading.notices), path, target);
+}
+
+}  // namespace
+
+PeakListReading LoadPeakList(const std::string& path) {
+  PeakListReading reading;
+  InputFile file;
+  OpenPath(path, file);
+  if (HasWavelengthLine(file)) reading.wavelength = ReadWavelength(file);
+  ReadPeakList(file, reading.peaks);
+  if (reading.peaks.count == 0) throw FatalIoError(path + ": there are no marked peaks in it");
+  return reading;
+}
+
+ScreenTarget LoadScreenTarget(const std::string& path, const ScreenOptions& options) {
+  if (Extension(path) == "lst") {
+    const PeakListReading reading = LoadPeakList(path);
+    ScreenOptions known = options;
+    if (!(known.wavelength > 0.0)) known.wavelength = reading.wavelength.value_or(0.0);
+    return MakeScreenTarget(reading.peaks, known);
+  }
+  const PatternFile file = ReadPatternFile(ToPath(path));
+  ScreenTarget target = MakeScreenTarget(file.pattern, options);
+  target.notices.insert(target.notices.begin(), file.notices.begin(), file.notices.end());
+  return target;
+}
+
+Candidate LoadCandidate(const std::string& path, const ScreenTarget& target) {
+  Candidate candidate = LoadByExtension(path, target);
+  candidate.name = path;
+  return candidate;
+}
+
+}  // namespace talven
