@@ -13,6 +13,8 @@ namespace {
 
 /// Window of the second derivative in widths of a peak.
 constexpr double kWindow = 2.0;
+/// How near two peaks may be, in widths.
+constexpr double kClosest = 0.5;
 /// Points finer than this share of a width add nothing but time.
 constexpr double kPointsPerWidth = 16.0;
 /// The widths that are tried where none is given, in degrees, and the width of a pattern without a peak.
@@ -87,6 +89,19 @@ void FindCandidates(const std::vector<double>& curvature, const std::vector<doub
   }
 }
 
+/// Of maxima nearer to each other than half a width the most significant is left: a window that wide does not part
+/// peaks, only its noise has two tops there.
+void DropSplitTops(double fwhm, std::vector<PeakCandidate>& candidates) {
+  std::vector<PeakCandidate> kept;
+  for (const PeakCandidate& candidate : candidates) {
+    if (kept.empty() || candidate.peak.two_theta - kept.back().peak.two_theta >= kClosest * fwhm)
+      kept.push_back(candidate);
+    else if (candidate.significance > kept.back().significance)
+      kept.back() = candidate;
+  }
+  candidates = std::move(kept);
+}
+
 Scan ScanPattern(const Pattern& pattern, const Background& background, double fwhm) {
   Scan scan;
   scan.grid = MakeEvenGrid(pattern, fwhm / kPointsPerWidth);
@@ -100,6 +115,7 @@ Scan ScanPattern(const Pattern& pattern, const Background& background, double fw
   scan.smoothed = Convolve(grid.counts, SmoothingWeights(HalfWindow(fwhm, grid.step)));
   for (std::size_t i = 0; i < base.size(); ++i) scan.smoothed[i] -= base[i];
   FindCandidates(curvature, squared_error, scan);
+  DropSplitTops(fwhm, scan.candidates);
   return scan;
 }
 
