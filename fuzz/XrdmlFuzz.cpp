@@ -5,7 +5,7 @@
 namespace talven::fuzz {
 
 void RunInput(std::string_view input) {
-  ReadAnyPattern("ABC.xrdml", input);
+  if (input.starts_with('<')) ReadAnyPattern("ABC.xrdml", input);
 }
 
 }  // namespace talven::fuzz

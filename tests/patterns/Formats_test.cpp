@@ -180,6 +180,8 @@ TEST(Formats, RefuseWhatIsNotSound) {
   const std::string still = Positions("<commonPosition>30.5</commonPosition>") + "<intensities>1 2</intensities>";
   const Refused kCases[] = {
       {"a.xy", "", "a.xy: expected a pattern in a known format, found an empty file"},
+      {"a.ras", "*RAS_DATA_START\n*RAS_INT_START\n10.0 5 1.0\n10.5 6 1.0\n",
+       "a.ras: expected a pattern in a known format, found text of a Rigaku instrument; export it as RASX, or as XY"},
       {"a.txt", "Dear all,\n", "a.txt: expected a pattern in a known format, found none"},
       {"a.xy", std::string("1 2\n2 3\n\0", 9),
        "a.xy: expected a pattern in a known format, found binary data of no known kind"},

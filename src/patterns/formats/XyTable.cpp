@@ -28,7 +28,7 @@ bool HasInnerComma(std::string_view word) {
 }
 
 bool IsRemark(std::string_view text) {
-  return std::string_view("#!;%'\"/*@_").find(text.front()) != std::string_view::npos || StartsWithNoCase(text, "rem");
+  return std::string_view("#!;%'\"/").find(text.front()) != std::string_view::npos || StartsWithNoCase(text, "rem");
 }
 
 /// A remark without what makes it one.

@@ -89,8 +89,10 @@ const CifBlock& FindWavelengthBlock(const Document& document, const CifBlock& bl
 }
 
 void TakeWavelength(const CifBlock& block, Pattern& pattern) {
-  auto wavelength = FindCifNumber(block, "_diffrn_radiation_wavelength");
-  if (!wavelength) wavelength = FindCifNumber(block, "_diffraction_radiation_wavelength");
+  std::optional<double> wavelength;
+  for (const char* const name :
+       {"_diffrn_radiation_wavelength", "_diffraction_radiation_wavelength", "_pd_proc_wavelength"})
+    if (!wavelength) wavelength = FindCifNumber(block, name);
   if (!wavelength || !IsWavelength(*wavelength)) return;
   pattern.wavelength = wavelength;
   const auto lines = FindCifColumn(block, "_diffrn_radiation_wavelength");
