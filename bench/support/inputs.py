@@ -19,6 +19,19 @@ def reflections(count, cell, low, high):
     return random.sample(rows, count)
 
 
+def model(cell, atoms):
+    """A model in P 21/c, marked to be taken as it stands: of each five atoms two are hydrogen, the rest anisotropic."""
+    rows = ''
+    for i in range(atoms):
+        xyz = '%.5f %.5f %.5f' % tuple(random.random() for _ in range(3))
+        if i % 5 < 3:
+            rows += '%s%d %d %s 11 .02 .03 =\n .025 .001 .002 .003\n' % ('CNO'[i % 5], i, i % 5 + 1, xyz)
+        else:
+            rows += 'H%d 4 %s 11 -1.2\n' % (i, xyz)
+    head = 'TITL bench\nREM XWMIN\nCELL 1.54 %g %g %g 90 90 90\nLATT 1\nSYMM -X, 0.5+Y, 0.5-Z\nSFAC C N O H\nFVAR 1\n'
+    return head % cell + rows + 'HKLF 4\n'
+
+
 def hkl(rows):
     return ''.join('%4d%4d%4d%8.2f%8.2f\n' % (*row, random.uniform(1, 9000), random.uniform(0.1, 3)) for row in rows)
 

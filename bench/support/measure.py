@@ -11,6 +11,7 @@ from typing import Callable, NamedTuple
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 BIN = ROOT / 'build/release/bin'
 CONSOLE = BIN / 'talven-console'
+FCALC = BIN / 'talven-fcalc'
 SECONDS = 4
 FEWEST_ROUNDS = 9
 MOST_MEMORY = 24
@@ -22,12 +23,13 @@ class Run(NamedTuple):
     inputs: Callable[[], dict]  # the text of each input file by its name
     outputs: list
     limit: float = 4
+    program: pathlib.Path = CONSOLE
 
 
 def build():
     """The release preset's terminal program, and what measures it."""
     for command in (['--preset', 'release', '-G', 'Ninja'],
-                    ['--build', '--preset', 'release', '--target', 'talven-console', 'bench_floor', 'bench_usage']):
+                    ['--build', '--preset', 'release', '--target', 'talven-console', 'talven-fcalc', 'bench_floor', 'bench_usage']):
         subprocess.run(['cmake', *command], cwd=ROOT, stdout=subprocess.DEVNULL, check=True)
 
 
@@ -36,7 +38,8 @@ def prepare(cwd):
     exe = cwd / 'home/talven/drives/c/exe'
     (exe / 'VELDOR').mkdir(parents=True)
     (exe / 'VELDOR/DIR.DEF').write_text(str(cwd) + '\n')
-    (exe / 'mirade.exe').symlink_to('/bin/true')
+    for name in ('mirade.exe', 'kestra.exe'):
+        (exe / name).symlink_to('/bin/true')
 
 
 def run_once(command, cwd, answers=os.devnull, env=None):
@@ -51,10 +54,10 @@ def run_once(command, cwd, answers=os.devnull, env=None):
     return float(seconds), int(kib) / 1024
 
 
-def measure(cwd, answers, inputs, outputs):
+def measure(cwd, answers, inputs, outputs, program):
     """Median CPU seconds of program and floor, run in turn, and the program's largest resident size in MiB."""
     env = dict(os.environ, XDG_DATA_HOME=str(cwd / 'home'))
-    command = [CONSOLE, 'BENCH', 'C:']
+    command = [program, 'BENCH', 'C:']
     run_once(command, cwd, answers, env)
     floor = [BIN / 'bench_floor', *inputs, '--']
     for output in outputs:
@@ -100,8 +103,8 @@ def compare(run):
     with tempfile.TemporaryDirectory() as name:
         cwd = pathlib.Path(name)
         inputs = lay_out(run, cwd)
-        ours, floor, resident = measure(cwd, cwd / 'answers', inputs, run.outputs)
-        millions = count_instructions(CONSOLE, cwd)
+        ours, floor, resident = measure(cwd, cwd / 'answers', inputs, run.outputs, run.program)
+        millions = count_instructions(run.program, cwd)
     memory = resident - max(map(len, inputs.values())) / 2**20
     print('| %s | %.1f | %g | %.1f | %.1f MiB |' % (run.name, ours / floor, run.limit, millions, memory), flush=True)
     return ours <= run.limit * floor and memory <= MOST_MEMORY
