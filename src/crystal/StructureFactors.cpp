@@ -5,6 +5,7 @@
 #include <cmath>
 #include <complex>
 #include <cstddef>
+#include <cstdint>
 #include <numbers>
 #include <tuple>
 #include <unordered_map>
@@ -239,10 +240,11 @@ std::vector<double> CalculateSquaredFactors(const CrystalModel& model, std::span
   constexpr double kNoMisfit = 1e-4;
   const SymmetryGroup& symmetry = model.symmetry;
   const bool has_equivalents = symmetry.IsGroup() && MetricMisfit(model.lattice, symmetry) < kNoMisfit;
-  std::vector<std::pair<MillerIndex, std::size_t>> sorted;
+  std::vector<std::pair<MillerIndex, std::uint32_t>> sorted;
   sorted.reserve(indices.size());
   for (const MillerIndex& index : indices)
-    sorted.emplace_back(has_equivalents ? symmetry.Representative(index) : std::max(index, -index), sorted.size());
+    sorted.emplace_back(has_equivalents ? symmetry.Representative(index) : std::max(index, -index),
+                        static_cast<std::uint32_t>(sorted.size()));
   std::sort(sorted.begin(), sorted.end());
   Summation summation(model);
   std::vector<double> result(indices.size());

@@ -1,7 +1,6 @@
 #include "shelx/ReadIndices.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 
 #include "textio/FieldInput.h"
@@ -13,24 +12,34 @@ namespace {
 /// A set of indices that tells which came before, several times quicker than one that makes a node for each.
 class IndexSet {
  public:
-  explicit IndexSet(std::size_t most) : slots_(std::bit_ceil(2 * most + 2), 0) {}
+  IndexSet() : slots_(1024, 0) {}
 
   /// False if it was there already.
   bool Insert(const MillerIndex& index) {
-    const std::uint64_t key = KeyOf(std::max(index, -index));
-    std::uint64_t slot = (key * 0x9E3779B97F4A7C15U) >> 20;
-    while (true) {
-      std::uint64_t& stored = slots_[slot & (slots_.size() - 1)];
-      if (stored == key) return false;
-      if (stored == 0) {
-        stored = key;
-        return true;
-      }
-      ++slot;
-    }
+    std::uint64_t& slot = SlotOf(KeyOf(std::max(index, -index)));
+    if (slot != 0) return false;
+    slot = KeyOf(std::max(index, -index));
+    if (2 * ++count_ > slots_.size()) Grow();
+    return true;
   }
 
  private:
+  /// Where a key stands, or the free place for it.
+  std::uint64_t& SlotOf(std::uint64_t key) {
+    std::uint64_t slot = (key * 0x9E3779B97F4A7C15U) >> 20;
+    while (true) {
+      std::uint64_t& stored = slots_[slot++ & (slots_.size() - 1)];
+      if (stored == key || stored == 0) return stored;
+    }
+  }
+
+  void Grow() {
+    std::vector<std::uint64_t> old(2 * slots_.size(), 0);
+    old.swap(slots_);
+    for (const std::uint64_t key : old)
+      if (key != 0) SlotOf(key) = key;
+  }
+
   /// Four columns hold -999 to 9999. The key is never 0.
   static std::uint64_t KeyOf(const MillerIndex& index) {
     constexpr std::int32_t kShift = 20'000;
@@ -38,6 +47,8 @@ class IndexSet {
     return (part(index.h) << 32U) | (part(index.k) << 16U) | part(index.l);
   }
 
+  std::size_t count_ = 0;
+  /// A power of two of them, at most half of them taken.
   std::vector<std::uint64_t> slots_;
 };
 
@@ -52,9 +63,8 @@ MillerIndex IndexOf(const TextInput& hkl, std::string_view line) {
 }  // namespace
 
 IndexList ReadIndices(TextInput& hkl) {
-  constexpr std::size_t kShortestRow = 13;
   IndexList list;
-  IndexSet seen(hkl.Content().size() / kShortestRow + 1);
+  IndexSet seen;
   std::string_view line;
   while (hkl.ReadLine(line)) {
     if (line.starts_with('#')) continue;
