@@ -32,21 +32,21 @@ constexpr std::array<Companion, 2> kCompanions = {
 
 bool IsFile(const fs::path& path) {
   std::error_code error;
-  return fs::exists(path, error) && !fs::is_directory(path, error);
+  const fs::file_status status = fs::status(path, error);
+  return fs::exists(status) && !fs::is_directory(status);
 }
 
 /// The program under the name as it is composed.
 std::optional<std::string> FindProgram(std::string_view name, std::vector<std::string>& looked_at) {
-  std::vector<std::string_view> names = {name};
-  if (name.ends_with(kSuffix)) names.push_back(name.substr(0, name.size() - kSuffix.size()));
-  for (const std::string_view each : names) {
-    const auto found = Folder().Find(each);
-    const auto path = found ? found : Folder().PathOf(each);
-    if (!path) continue;
-    looked_at.push_back(FromPath(*path));
-    if (found && IsFile(*found)) return looked_at.back();
+  while (true) {
+    auto path = Folder().Find(name);
+    const bool is_found = path && IsFile(*path);
+    if (!path) path = Folder().PathOf(name);
+    if (path) looked_at.push_back(FromPath(*path));
+    if (is_found) return looked_at.back();
+    if (!name.ends_with(kSuffix)) return std::nullopt;
+    name.remove_suffix(kSuffix.size());
   }
-  return std::nullopt;
 }
 
 std::optional<std::string> FindCompanion(std::string_view name, std::string_view own_path,
