@@ -30,6 +30,7 @@ void CheckPattern(const Pattern& pattern) {
 }
 
 void WriteAndRead(Pattern pattern) {
+  pattern.title.clear();  // It may look like the beginning of any other kind.
   if (!pattern.wavelength) pattern.wavelength = 1.5406;
   // Angles are written to ten decimals.
   for (std::size_t i = 1; i < pattern.PointCount(); ++i)

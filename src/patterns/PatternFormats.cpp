@@ -79,7 +79,7 @@ PatternFile ReadBytes(Source& source) {
 }
 
 bool IsZip(const Source& source) {
-  return source.bytes.starts_with("PK");
+  return source.bytes.size() > 2 && source.bytes.starts_with("PK") && source.bytes[2] < ' ';
 }
 
 bool IsXrdml(const Source& source) {
@@ -117,7 +117,9 @@ bool IsAnyText(const Source&) {
   return true;
 }
 
-const auto kBinaryFormats = std::to_array<Format>({
+/// ING comes first: its title may begin like any other file, and nothing else looks like what follows on it.
+const auto kFirstFormats = std::to_array<Format>({
+    {{"ING", "ing", ""}, FitsContent<LooksLikeIng>, ReadOneScan<ReadIng>},
 #ifdef TALVEN_WITH_LIBZIP
     {{"RASX, BRML", "rasx brml", ""}, IsZip, ReadZip},
 #else
@@ -147,7 +149,6 @@ const auto kTextFormats = std::to_array<Format>({
     {{"powder CIF", "cif", "gemmi"}, FitsContent<LooksLikeCif>, nullptr},
 #endif
     {{"TXT of the Unscrambler", "txt", ""}, FitsContent<LooksLikeUnscramblerTable>, ReadOneScan<ReadUnscramblerTable>},
-    {{"ING", "ing", ""}, FitsContent<LooksLikeIng>, ReadOneScan<ReadIng>},
     {{"RIET7 DAT", "pat dat rit", ""}, FitsContent<LooksLikeRiet7>, ReadOneScan<ReadRiet7>},
     {{"XY, XYE, XYD", "xy xye xyd txt dat csv asc", ""}, IsAnyText, ReadOneScan<ReadXyTable>},
 });
@@ -183,7 +184,7 @@ void CheckText(const Source& source) {
 }
 
 PatternFile ReadSource(Source& source) {
-  for (const Format& format : kBinaryFormats)
+  for (const Format& format : kFirstFormats)
     if (format.fits(source)) return ReadAs(format, source);
   CheckText(source);
   for (const Format& format : kTextFormats)
@@ -195,7 +196,7 @@ PatternFile ReadSource(Source& source) {
 
 std::vector<PatternKind> PatternKinds() {
   std::vector<PatternKind> kinds;
-  for (const Format& format : kBinaryFormats) kinds.push_back(format.kind);
+  for (const Format& format : kFirstFormats) kinds.push_back(format.kind);
   for (const Format& format : kTextFormats) kinds.push_back(format.kind);
   return kinds;
 }

@@ -71,6 +71,8 @@ TEST(Formats, ReadTables) {
       {"A.xy", "4.00 20\n4.05 457\n4.10 94", "XY", angles, counts, 0.0, 1},
       {"A.TXT", "\"  4.000\",\"  4.050\",\n\"  4.100\" \n     20,    457,     94 \n", "TXT", angles, counts},
       {"A.ING", kIngHead + "3\n 4.00 20.\n 4.05 457.  1 0 2\n 4.10 94.\n", "ING", angles, counts, 1.54},
+      {"A.ING", "RAW sugar" + kIngHead.substr(4) + "3\n4 20\n4.05 457\n4.10 94\n", "ING", angles, counts, 1.54},
+      {"A.xye", "0 1 1\n10.2 20 4\n11 3 1\n", "XYE", {0, 10.2, 11}, {1, 20, 3}},
       {"no name", kIngHead + " 4\n 4.00/20.\n 4.05,457.\n 4.10 94.\n", "ING", angles, counts, 1.54, 1},
       {"A.ING", "a\n1.54\n4\n4.1\n457\n1\n3\n4.00 20.\n4.05 457.\n4.10 94.\n", "ING", angles, counts, 1.54, 1},
       {"A.ING", "a\n1.54\n4\n4.03\n.015\n1\n3\n4.00 20.\n4.02 457.\n4.03 94.\n", "ING", {4, 4.015, 4.03}, counts, 1.54},

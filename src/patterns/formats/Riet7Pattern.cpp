@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <span>
 
 #include "patterns/formats/FinishPattern.h"
 #include "patterns/formats/FormatText.h"
@@ -17,8 +18,7 @@ namespace {
 constexpr std::size_t kMostTitles = 6;
 constexpr std::size_t kFieldWidth = 8;
 constexpr std::size_t kColumns = 10;
-/// Degrees; no table is coarser.
-constexpr double kLargestStep = 5.0;
+constexpr std::size_t kLookedAt = 4;
 constexpr std::string_view kSimulatedTitle = "Mirade/Talven Shelx HKL to RIET7 DAT";
 /// Words of that title, and start, step and end.
 constexpr std::size_t kSimulatedHeadWords = 9;
@@ -49,9 +49,21 @@ std::optional<Range> FindRange(std::string_view line) {
 
 /// Number of titles ahead of the range; nothing if there is no range.
 std::optional<std::size_t> CountTitles(const std::vector<std::string_view>& lines) {
-  for (std::size_t i = 0; i + 1 < lines.size(); ++i)
+  for (std::size_t i = 0; i <= kMostTitles && i + 1 < lines.size(); ++i)
     if (FindRange(lines[i])) return i;
   return std::nullopt;
+}
+
+/// A table of three columns may begin with numbers like start, step and end, but goes on with rows of three at rising
+/// angles.
+bool IsTable(std::span<const std::string_view> lines) {
+  double before = LeadingNumber(lines.front()).value_or(0.0);
+  for (const std::string_view line : lines.subspan(1)) {
+    const auto angle = LeadingNumber(line);
+    if (CountWords(line) != 3 || !angle || *angle <= before) return false;
+    before = *angle;
+  }
+  return true;
 }
 
 /// The next number of a line, taken off its front. Fields of eight columns that touch are parted there.
@@ -108,13 +120,10 @@ Range ReadHead(TextInput& dat, PatternFile& file) {
 }  // namespace
 
 bool LooksLikeRiet7(std::string_view text) {
-  const std::vector<std::string_view> lines = FirstLines(text, kMostTitles + 2);
+  const std::vector<std::string_view> lines = FirstLines(text, kMostTitles + kLookedAt);
   const auto titles = CountTitles(lines);
   if (!titles) return false;
-  // A table of three columns may begin with numbers like these, but goes on with a row of three at the next angle.
-  const std::string_view next = lines[*titles + 1];
-  const double rise = LeadingNumber(next).value_or(0.0) - FindRange(lines[*titles])->first;
-  return CountWords(next) != 3 || rise <= 0.0 || rise > kLargestStep;
+  return !IsTable(std::span(lines).subspan(*titles, std::min(kLookedAt, lines.size() - *titles)));
 }
 
 PatternFile ReadRiet7(TextInput& dat) {
