@@ -17,7 +17,7 @@ set(CPACK_PACKAGE_NAME talven)
 set(CPACK_PACKAGE_CONTACT "The Talven developers <talven@example.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "X-ray powder diffraction utility")
 set(CPACK_PACKAGE_DESCRIPTION
-    "Simulates powder patterns from SHELX files, converts between pattern formats\nand compares peak lists; in a window (talven) or on a terminal (talven-console).")
+    "Simulates powder patterns from SHELX files, converts between pattern formats\nand compares peak lists; in a window (talven), on a terminal (talven-console)\nor on many files at once (talven-run).")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -46,7 +46,7 @@ std::vector<std::unique_ptr<Entry>> MakeEntries(Commands commands) {
 
 std::string Usage(const std::vector<std::unique_ptr<Entry>>& entries) {
   std::string text =
-      "usage: talven-run COMMAND [OPTIONS] FILE...\n"
+      "Usage: talven-run COMMAND [OPTIONS] FILE...\n"
       "\n"
       "Powder diffraction work on many files, without questions. Outputs go beside each input or into -o DIR, a table\n"
       "goes to standard output, messages go to standard error. Commands:\n\n";
