@@ -9,6 +9,8 @@ namespace {
 constexpr std::size_t kSmallestHalfWindow = 2;
 /// Median of the square of a normally distributed value of unit variance.
 constexpr double kMedianSquare = 0.4549;
+/// Whole numbers that scatter more than this are no counts: a background was taken off, or they were scaled.
+constexpr double kMostScatter = 3.0;
 /// Sum of the squares of 1, -4, 6, -4, 1.
 constexpr double kFourthDifferenceSquares = 70.0;
 
@@ -28,10 +30,6 @@ Moments WindowMoments(std::size_t half) {
     moments.fourths += 2.0 * k * k * k * k;
   }
   return moments;
-}
-
-bool AreWholeNumbers(const std::vector<double>& counts) {
-  return std::ranges::all_of(counts, [](double count) { return std::fabs(count - std::round(count)) < 1e-6; });
 }
 
 /// How much larger the scatter of neighbouring points is than these variances: by the median of fourth differences,
@@ -99,11 +97,12 @@ std::vector<double> Convolve(const std::vector<double>& values, const std::vecto
 std::vector<double> PointVariances(const EvenGrid& grid, const std::vector<double>& background, double fwhm,
                                    bool& is_scaled) {
   std::vector<double> variances = RunningMean(grid.counts, static_cast<std::size_t>(0.5 * fwhm / grid.step));
-  for (std::size_t i = 0; i < variances.size(); ++i) variances[i] = std::max({variances[i], background[i], 1.0});
-  is_scaled = grid.variance.empty() && !AreWholeNumbers(grid.counts);
+  for (std::size_t i = 0; i < variances.size(); ++i)
+    variances[i] = std::max({variances[i], background[i], 1.0}) / grid.points_averaged;
+  const double scatter = MeasureScatter(grid.counts, variances);
+  is_scaled = grid.variance.empty() && (!grid.are_whole_numbers || scatter > kMostScatter);
   if (is_scaled) {
     const double highest = *std::ranges::max_element(grid.counts);
-    const double scatter = MeasureScatter(grid.counts, variances);
     // A calculated pattern has no scatter at all.
     const double smallest = 1e-18 * highest * highest;
     for (double& variance : variances) variance = std::max(scatter * variance, smallest);
