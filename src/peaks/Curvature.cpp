@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace talven {
 namespace {
@@ -32,6 +33,12 @@ Moments WindowMoments(std::size_t half) {
   return moments;
 }
 
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
 /// How much larger the scatter of neighbouring points is than these variances: by the median of fourth differences,
 /// which peaks hardly change.
 double MeasureScatter(const std::vector<double>& y, const std::vector<double>& variances) {
@@ -40,10 +47,18 @@ double MeasureScatter(const std::vector<double>& y, const std::vector<double>& v
     const double difference = y[i - 2] - 4.0 * y[i - 1] + 6.0 * y[i] - 4.0 * y[i + 1] + y[i + 2];
     squares.push_back(difference * difference / (kFourthDifferenceSquares * variances[i]));
   }
-  if (squares.empty()) return 1.0;
-  const auto middle = squares.begin() + static_cast<std::ptrdiff_t>(squares.size() / 2);
-  std::ranges::nth_element(squares, middle);
-  return *middle / kMedianSquare;
+  return squares.empty() ? 1.0 : Median(std::move(squares)) / kMedianSquare;
+}
+
+/// Values below zero had a background taken off, whose noise is the same everywhere; others were scaled.
+void ScaleToScatter(const EvenGrid& grid, double scatter, std::vector<double>& variances) {
+  const auto [lowest, highest] = std::ranges::minmax(grid.counts);
+  // A calculated pattern has no scatter at all.
+  const double smallest = 1e-18 * highest * highest;
+  const bool is_net = grid.are_whole_numbers && lowest < 0.0;
+  const double added = is_net ? MeasureScatter(grid.counts, std::vector<double>(variances.size(), 1.0)) : 0.0;
+  const double factor = is_net ? 1.0 : scatter;
+  for (double& variance : variances) variance = std::max(factor * variance + added, smallest);
 }
 
 /// The mean over 2 * half + 1 points, fewer at the ends.
@@ -101,12 +116,7 @@ std::vector<double> PointVariances(const EvenGrid& grid, const std::vector<doubl
     variances[i] = std::max({variances[i], background[i], 1.0}) / grid.points_averaged;
   const double scatter = MeasureScatter(grid.counts, variances);
   is_scaled = grid.variance.empty() && (!grid.are_whole_numbers || scatter > kMostScatter);
-  if (is_scaled) {
-    const double highest = *std::ranges::max_element(grid.counts);
-    // A calculated pattern has no scatter at all.
-    const double smallest = 1e-18 * highest * highest;
-    for (double& variance : variances) variance = std::max(scatter * variance, smallest);
-  }
+  if (is_scaled) ScaleToScatter(grid, scatter, variances);
   for (std::size_t i = 0; i < grid.variance.size(); ++i)
     if (grid.variance[i] > 0.0) variances[i] = grid.variance[i];
   return variances;
