@@ -2,12 +2,12 @@
 
 add_library(talven_options INTERFACE)
 if(MSVC)
-  target_compile_options(talven_options INTERFACE /W4 /WX /fp:precise /utf-8)
+  target_compile_options(talven_options INTERFACE /W4 $<$<BOOL:${TALVEN_WERROR}>:/WX> /fp:precise /utf-8)
   target_compile_definitions(talven_options INTERFACE _CRT_SECURE_NO_WARNINGS)
 else()
   # No fused multiply-add: a pattern must have the same bytes whatever compiler and build type made the program.
   target_compile_options(talven_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wfloat-conversion -Wsign-conversion -Werror -ffp-contract=off
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wfloat-conversion -Wsign-conversion $<$<BOOL:${TALVEN_WERROR}>:-Werror> -ffp-contract=off
     # GCC 12 leaves out the rounding of two reals that are stored side by side, where both are used again at once.
     $<$<CXX_COMPILER_ID:GNU>:-fno-tree-slp-vectorize>)
 endif()

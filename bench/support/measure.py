@@ -1,6 +1,7 @@
-"""CPU time and memory of whole runs of the terminal program, beside its floor."""
+"""CPU time, memory and instructions of whole runs of the terminal program, beside its floor."""
 import os
 import pathlib
+import re
 import statistics
 import subprocess
 import tempfile
@@ -66,16 +67,41 @@ def measure(cwd, answers, inputs, outputs):
     return statistics.median(seconds for seconds, _ in ours), statistics.median(floors), max(size for _, size in ours)
 
 
+def count_instructions(program, cwd):
+    """Millions of instructions of one run, which are the same on every machine."""
+    env = dict(os.environ, XDG_DATA_HOME=str(cwd / 'home'))
+    with open(cwd / 'answers', 'rb') as stdin:
+        run = subprocess.run(['valgrind', '--tool=callgrind', '--callgrind-out-file=/dev/null', str(program), 'BENCH', 'C:'],
+                             cwd=cwd, stdin=stdin, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env=env)
+    return int(re.search(rb'Collected : (\d+)', run.stderr)[1]) / 1e6
+
+
+def lay_out(run, cwd):
+    """Answers and input files of a run, with the data home; gives the inputs."""
+    prepare(cwd)
+    (cwd / 'answers').write_text(run.answers)
+    inputs = run.inputs()
+    for file, text in inputs.items():
+        (cwd / file).write_text(text)
+    return inputs
+
+
+def compare_instructions(run, other):
+    """Prints the instructions of a run and of the same with another program; true if they are at most 1 % more."""
+    with tempfile.TemporaryDirectory() as name:
+        lay_out(run, pathlib.Path(name))
+        ours, others = (count_instructions(program, pathlib.Path(name)) for program in (CONSOLE, other))
+    print('| %s | %.2f | %.2f | %.3f |' % (run.name, ours, others, ours / others), flush=True)
+    return ours <= 1.01 * others
+
+
 def compare(run):
     """Prints the row of a run; true if it keeps its marks."""
     with tempfile.TemporaryDirectory() as name:
         cwd = pathlib.Path(name)
-        prepare(cwd)
-        (cwd / 'answers').write_text(run.answers)
-        inputs = run.inputs()
-        for file, text in inputs.items():
-            (cwd / file).write_text(text)
+        inputs = lay_out(run, cwd)
         ours, floor, resident = measure(cwd, cwd / 'answers', inputs, run.outputs)
+        millions = count_instructions(CONSOLE, cwd)
     memory = resident - max(map(len, inputs.values())) / 2**20
-    print('| %s | %.1f | %g | %.1f MiB |' % (run.name, ours / floor, run.limit, memory), flush=True)
+    print('| %s | %.1f | %g | %.1f | %.1f MiB |' % (run.name, ours / floor, run.limit, millions, memory), flush=True)
     return ours <= run.limit * floor and memory <= MOST_MEMORY

@@ -106,6 +106,7 @@ std::int32_t StartUp(Ui& ui, RunState& run) {
   } else {
     StartByCaller(ui, run, first_argument_length);
   }
+  ui.toolkit.JobSettled(run.TrimmedJobName());
   ShowBanner(ui);
   return first_argument_length;
 }

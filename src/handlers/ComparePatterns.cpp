@@ -5,11 +5,15 @@
 
 #include "comparison/ComparisonLog.h"
 #include "comparison/PeakListFile.h"
-#include "handlers/ComparisonForm.h"
 #include "textio/InputFile.h"
+#include "textio/Numbers.h"
+#include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
+
+namespace field = comparison_field;
 
 constexpr std::string_view kLogName = "Talven_corvane.log";
 constexpr std::size_t kDirectoryLength = 160;
@@ -33,6 +37,45 @@ enum class Outcome { kGoOn, kCancelled, kFinished };
 bool AskYes(Ui& ui, std::string_view question) {
   ui.toolkit.WMessageBox({.type = MessageType::kYesNo, .icon = MessageIcon::kQuestion, .text = question, .title = " "});
   return ui.toolkit.WDialogQuery(kOutcomeQuery) == 1;
+}
+
+void FillForm(Toolkit& toolkit, const ComparisonSettings& settings, std::int32_t btres_refill) {
+  toolkit.WDialogPutReal(field::kAngTol, settings.AngTol);
+  toolkit.WDialogPutReal(field::kNmf, settings.NMF);
+  toolkit.WDialogPutReal(field::kSaf, settings.SAF);
+  toolkit.WDialogPutInteger(field::kT4m, settings.WholeT4M());
+  toolkit.WDialogPutReal(field::kBSep, settings.BSep);
+  toolkit.WDialogPutInteger(field::kBtres, btres_refill);
+  toolkit.WDialogPutReal(field::kBerr, settings.ShownBerr());
+  toolkit.WDialogPutReal(field::kDSpace, settings.DSPACE);
+}
+
+ComparisonSettings ReadForm(const Toolkit& toolkit) {
+  return {
+      .AngTol = toolkit.WDialogGetReal(field::kAngTol),
+      .NMF = toolkit.WDialogGetReal(field::kNmf),
+      .SAF = toolkit.WDialogGetReal(field::kSaf),
+      .T4M = Store(toolkit.WDialogGetInteger(field::kT4m)),
+      .BSep = toolkit.WDialogGetReal(field::kBSep),
+      .Btres = Store(toolkit.WDialogGetInteger(field::kBtres)),
+      .Berr = 2.0F * toolkit.WDialogGetReal(field::kBerr),
+      .DSPACE = toolkit.WDialogGetReal(field::kDSpace),
+      .Apply = toolkit.WDialogGetCheckBox(field::kApply) == 1,
+      .Verbose = toolkit.WDialogGetCheckBox(field::kVerbose) == 1,
+      .MostInt = toolkit.WDialogGetCheckBox(field::kMostInt) == 1,
+  };
+}
+
+/// Shows the form, filled from the settings, and reads it back. The check boxes always come up off, and a value that a
+/// field refuses leaves the form's own default. On purpose: the field of Btres is filled from `btres_refill` instead.
+void AskSettings(Ui& ui, std::int32_t btres_refill, ComparisonSettings& settings) {
+  Toolkit& toolkit = ui.toolkit;
+  toolkit.WDialogLoad(kComparisonForm);
+  toolkit.WDialogSelect(kComparisonForm);
+  FillForm(toolkit, settings, btres_refill);
+  toolkit.WDialogShow(-1, -1, 0, kModal);
+  settings = ReadForm(toolkit);
+  toolkit.WDialogUnload(kComparisonForm);
 }
 
 void StartComparison(Comparison& c) {
@@ -129,7 +172,7 @@ bool CompareSample(Comparison& c) {
 
 /// One reference with its samples.
 Outcome CompareWithReference(Comparison& c) {
-  AskComparisonSettings(c.ui, c.session.NotMatchedS, c.session.Settings);
+  AskSettings(c.ui, c.session.NotMatchedS, c.session.Settings);
   if (const Outcome outcome = TakeReference(c); outcome != Outcome::kGoOn) return outcome;
   do {
     if (!CompareSample(c)) return Outcome::kCancelled;

@@ -1,10 +1,10 @@
 #include "handlers/InsToDummyHkl.h"
 
+#include <array>
 #include <string>
 
 #include "handlers/AutomaticRun.h"
 #include "handlers/JobInput.h"
-#include "handlers/LimitForms.h"
 #include "handlers/PrepareTestIns.h"
 #include "shelx/CellLine.h"
 #include "shelx/DummyReflections.h"
@@ -12,6 +12,7 @@
 #include "textio/LetterCase.h"
 #include "textio/OutputFile.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 
 namespace talven {
 namespace {
@@ -71,6 +72,43 @@ bool SettleMode(DummyRun& r, WminState marker) {
   // On purpose behind the normalisation: a file rewritten by an earlier run is taken as it stands.
   if (marker == WminState::kXwmin) r.run.AutoState = 1;
   return true;
+}
+
+/// Gives whether the user wants an absence removed.
+bool AskLimits(Toolkit& toolkit, HklLimits& limits) {
+  toolkit.WDialogLoad(kIndexLimitForm);
+  toolkit.WDialogSelect(kIndexLimitForm);
+  toolkit.WDialogPutInteger(index_limit_field::kHMax, limits.HMax);
+  toolkit.WDialogPutInteger(index_limit_field::kKMax, limits.KMax);
+  toolkit.WDialogPutInteger(index_limit_field::kLMax, limits.LMax);
+  toolkit.WDialogShow(-1, -1, 0, kModal);
+  const bool remove_absence = toolkit.WDialogGetCheckBox(index_limit_field::kRemoveAbsence) == 1;
+  limits.HMax = toolkit.WDialogGetInteger(index_limit_field::kHMax);
+  limits.KMax = toolkit.WDialogGetInteger(index_limit_field::kKMax);
+  limits.LMax = toolkit.WDialogGetInteger(index_limit_field::kLMax);
+  toolkit.WDialogUnload(kIndexLimitForm);
+  toolkit.WGrAreaClear();
+  return remove_absence;
+}
+
+AbsenceRule AskAbsence(Toolkit& toolkit) {
+  constexpr std::array kRules = {AbsenceRule::kNone, AbsenceRule::kA, AbsenceRule::kB,
+                                 AbsenceRule::kC,    AbsenceRule::kF, AbsenceRule::kI};
+  toolkit.WDialogLoad(kAbsenceForm);
+  toolkit.WDialogSelect(kAbsenceForm);
+  toolkit.WDialogShow(-1, -1, 0, kModal);
+  const std::int32_t choice = toolkit.WDialogGetRadioButton(absence_field::kLattice);
+  toolkit.WDialogUnload(kAbsenceForm);
+  toolkit.WGrAreaClear();
+  return kRules.at(static_cast<std::size_t>(choice));
+}
+
+/// Shows the limits, takes them as they are set, and asks for the lattice if absences are to be removed.
+AbsenceRule AskLimitsAndAbsence(Ui& ui, HklLimits& limits) {
+  ui.ShowLine(" ", 0);
+  ui.ShowLine("    If there are general absences in the data it is");
+  ui.ShowLine("    best to remove these general absences");
+  return AskLimits(ui.toolkit, limits) ? AskAbsence(ui.toolkit) : AbsenceRule::kNone;
 }
 
 void ShowCell(Ui& ui, const UnitCell& cell, float volume, const HklLimits& limits) {

@@ -4,7 +4,7 @@
 
 #include "handlers/JobInput.h"
 #include "patterns/UnscramblerTxt.h"
-#include "patterns/XyTable.h"
+#include "patterns/XyTxt.h"
 #include "textio/OutputFile.h"
 
 namespace talven {
@@ -88,7 +88,7 @@ void TxtToIng(Ui& ui, RunState& run) {
   if (!OpenJobInput(ui, run, ".TXT", txt)) return;
   OutputFile ing;
   ing.Open(run.folder, run.JobFile(".ING"));
-  WriteIng(ing, run.JobName.View(), ReadXyAsIng(txt));
+  WriteIng(ing, run.JobName.View(), ReadXyTxt(txt));
   ShowWritten(ui, run.JobFile(".ING written"));
   ing.Close();
 }

@@ -1,6 +1,7 @@
 #include "patterns/CpiFile.h"
 
-#include <string>
+#include <array>
+#include <charconv>
 
 #include "textio/FixedText.h"
 #include "textio/FreeForm.h"
@@ -39,7 +40,10 @@ void WriteCpiHead(const CpiHead& head, const Pattern& pattern, TextOutput& cpi) 
 
 void WriteCpiRow(const Pattern& pattern, std::size_t point, TextOutput& cpi) {
   const std::int32_t count = Truncate(pattern.counts[point] + 0.5);
-  if (count < kCountLimit) cpi.WriteLine(std::to_string(count));
+  if (count >= kCountLimit) return;
+  std::array<char, 16> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), count).ptr;
+  cpi.WriteLine(std::string_view(digits.data(), end));
 }
 
 }  // namespace talven

@@ -84,7 +84,9 @@ bool IsZip(const Source& source) {
 
 bool IsXrdml(const Source& source) {
   constexpr std::size_t kHeadSize = 4096;
-  return std::string_view(source.bytes).substr(0, kHeadSize).find("<xrdMeasurements") != std::string_view::npos;
+  std::string_view head = std::string_view(source.bytes).substr(0, kHeadSize);
+  if (head.starts_with("\xEF\xBB\xBF")) head.remove_prefix(3);
+  return TrimSpace(head).starts_with('<') && head.find("<xrdMeasurements") != std::string_view::npos;
 }
 
 #ifdef TALVEN_WITH_LIBZIP
@@ -161,6 +163,11 @@ PatternFile ReadAs(const Format& format, Source& source) {
              std::string(format.kind.name) + " (built without " + std::string(format.kind.missing_library) + ")");
 }
 
+/// RAS and ASC: "*RAS_DATA_START", "*TYPE = Raw". Their rows would pass for those of a table.
+bool IsRigakuText(std::string_view text) {
+  return text.size() > 1 && text[0] == '*' && text[1] >= 'A' && text[1] <= 'Z';
+}
+
 /// Refuses what is no text, before any reader of text looks at it.
 void CheckText(const Source& source) {
   constexpr std::string_view kExpected = "a pattern in a known format";
@@ -168,6 +175,8 @@ void CheckText(const Source& source) {
   if (source.bytes.starts_with("\xFF\xFE") || source.bytes.starts_with("\xFE\xFF"))
     FailInFile(source.name, "text in UTF-8 or ASCII", "UTF-16");
   if (source.bytes.find('\0') != std::string::npos) FailInFile(source.name, kExpected, "binary data of no known kind");
+  if (IsRigakuText(source.bytes))
+    FailInFile(source.name, kExpected, "text of a Rigaku instrument; export it as RASX, or as XY");
   const std::string_view start = TrimSpace(std::string_view(source.bytes).substr(0, 100));
   if ((start.starts_with("<?xml") || start.starts_with("\xEF\xBB\xBF<?xml")) && !IsXrdml(source))
     FailInFile(source.name, kExpected, "XML of another kind");

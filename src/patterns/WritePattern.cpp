@@ -21,7 +21,7 @@ struct WrittenFormat {
   bool holds_wavelength;
   bool holds_steps_only;
 };
-constexpr std::array<WrittenFormat, 9> kFormats = {{{"ing", true, true},
+constexpr std::array<WrittenFormat, 9> kFormats = {{{"ing", true, false},
                                                     {"cif", true, false},
                                                     {"cpi", true, true},
                                                     {"xy", false, false},
@@ -47,8 +47,8 @@ void Check(PatternFormat format, const Pattern& pattern) {
   if (HoldsWavelength(format) && !pattern.wavelength)
     throw FatalIoError(name + ": expected a wavelength for its head, found none");
   if (Of(format).holds_steps_only && !pattern.step)
-    throw FatalIoError(name + ": expected angles that keep one step, found others; cif, xy, xye, txt, fxye and xrdml " +
-                       "hold them");
+    throw FatalIoError(name + ": expected angles that keep one step, found others; ing, cif, xy, xye, txt, fxye and " +
+                       "xrdml hold them");
 }
 
 /// One line, however the title came about.

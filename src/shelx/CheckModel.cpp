@@ -54,7 +54,7 @@ std::string Formula(const CrystalModel& model, const std::vector<double>& sums) 
 /// The copies of all atoms in one cell, found by place.
 class CellContents {
  public:
-  explicit CellContents(const CrystalModel& model) : model_(model), metric_(model.lattice.DirectMetric()) {
+  explicit CellContents(const CrystalModel& model) : metric_(model.lattice.DirectMetric()) {
     const Metric reciprocal = model.lattice.ReciprocalMetric();
     for (std::size_t i = 0; i < boxes_.size(); ++i)
       boxes_[i] = std::clamp(static_cast<std::int64_t>(1.0 / (std::sqrt(reciprocal[i]) * kNear)), std::int64_t{1},
@@ -116,7 +116,6 @@ class CellContents {
     return SquaredLength(metric_, d[0], d[1], d[2]) < kNear * kNear;
   }
 
-  const CrystalModel& model_;
   Metric metric_;
   Box boxes_ = {};
   std::unordered_multimap<std::int64_t, Copy> boxes_of_copies_;

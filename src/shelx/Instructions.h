@@ -12,6 +12,11 @@
 namespace talven {
 
 struct Instruction {
+  Instruction() = default;
+  // A copy's words would be views of the original.
+  Instruction(const Instruction&) = delete;
+  Instruction& operator=(const Instruction&) = delete;
+
   /// Number of its first line, from 1.
   std::size_t line = 0;
   /// First word in upper case, without a `_suffix`.

@@ -19,11 +19,22 @@
 namespace talven {
 namespace {
 
+/// As many operators as the largest of the space groups has.
+constexpr std::size_t kOperatorLimit = 192;
+
+/// f' and f'' of a DISP line, for the scatterers that SFAC names so, before or behind it.
+struct Dispersion {
+  std::string label;
+  double f_prime = 0.0;
+  double f_double_prime = 0.0;
+  std::size_t line = 0;
+};
+
 /// What stands ahead of the atoms, as it is written.
 struct Head {
   int lattice_type = 1;
   std::vector<SymmetryOperator> operators;
-  std::vector<Instruction> dispersions;
+  std::vector<Dispersion> dispersions;
   std::vector<double> unit;
   std::size_t unit_line = 0;
   std::size_t first_symmetry_line = 0;
@@ -115,22 +126,26 @@ void TakeScatterers(const TextInput& ins, const Instruction& instruction, Crysta
   }
 }
 
-void ApplyDispersion(const TextInput& ins, const Instruction& instruction, ModelReading& reading) {
+Dispersion DispersionOf(const TextInput& ins, const Instruction& instruction) {
   const auto& words = instruction.words;
   const auto f_prime = words.size() > 1 ? ReadReal<double>(words[1]) : std::nullopt;
   const auto f_double_prime = words.size() > 2 ? ReadReal<double>(words[2]) : std::nullopt;
   if (!f_prime || !f_double_prime)
     FailAtLine(ins.Name(), instruction.line, "an element, f' and f'' after DISP", Quote(Trim(instruction.text)));
-  const std::string label = UpperCase(WithoutDollar(words[0]));
+  return {UpperCase(WithoutDollar(words[0])), *f_prime, *f_double_prime, instruction.line};
+}
+
+void ApplyDispersion(const TextInput& ins, const Dispersion& dispersion, ModelReading& reading) {
   bool is_found = false;
   for (Scatterer& scatterer : reading.model.scatterers) {
-    if (UpperCase(scatterer.label) != label) continue;
-    scatterer.f_prime = *f_prime;
-    scatterer.f_double_prime = *f_double_prime;
+    if (UpperCase(scatterer.label) != dispersion.label) continue;
+    scatterer.f_prime = dispersion.f_prime;
+    scatterer.f_double_prime = dispersion.f_double_prime;
     scatterer.has_own_dispersion = true;
     is_found = true;
   }
-  if (!is_found) reading.notices.push_back(At(ins, instruction.line, "DISP names " + label + ", SFAC does not"));
+  if (!is_found)
+    reading.notices.push_back(At(ins, dispersion.line, "DISP names " + dispersion.label + ", SFAC does not"));
 }
 
 /// What a whole run of a refinement program would heed, and a sum over atoms does not.
@@ -163,13 +178,13 @@ void TakeHeadInstruction(const TextInput& ins, const Instruction& each, Head& he
     head.lattice_type = LatticeTypeOf(ins, each);
   } else if (each.keyword == "SYMM") {
     if (head.first_symmetry_line == 0) head.first_symmetry_line = each.line;
+    if (head.operators.size() == kOperatorLimit)
+      FailAtLine(ins.Name(), each.line, "at most " + std::to_string(kOperatorLimit) + " SYMM lines", "more");
     head.operators.push_back(OperatorOf(ins, each));
   } else if (each.keyword == "SFAC") {
     TakeScatterers(ins, each, model);
   } else if (each.keyword == "DISP") {
-    head.dispersions.push_back(each);
-    // The words are views of a text that has just been copied.
-    head.dispersions.back().words = SplitWords(head.dispersions.back().text);
+    head.dispersions.push_back(DispersionOf(ins, each));
   } else if (each.keyword == "UNIT") {
     head.unit = NumbersOf(ins, each);
     head.unit_line = each.line;
@@ -215,7 +230,7 @@ ModelReading ReadModel(TextInput& ins) {
   Head head = ReadHead(ins, reading);
   CrystalModel& model = reading.model;
   model.symmetry = GroupOf(head);
-  for (const Instruction& each : head.dispersions) ApplyDispersion(ins, each, reading);
+  for (const Dispersion& each : head.dispersions) ApplyDispersion(ins, each, reading);
   SetWavelength(model, model.wavelength);
   ins.Rewind();
   InstructionReader instructions(ins);

@@ -14,8 +14,8 @@
 namespace talven {
 
 inline constexpr std::int32_t kLargestPointCount = 10'000;
-/// Tails of the last points run past PointCount, up to 5,001 points far.
-inline constexpr std::int32_t kGridCapacity = 30'000;
+/// How far tails reach, and run past the last points.
+inline constexpr std::int32_t kLongestTail = 5'001;
 
 struct GridExtent {
   /// The whole degrees above the highest reflection.
@@ -32,11 +32,11 @@ float HighestTwoTheta(const ReflectionList& list);
 struct SynthesisData {
   std::int32_t PointCount = 0;
   /// The working intensity of each point.
-  Array1<float, kGridCapacity> Profile;
+  Array1<float, kLargestPointCount + kLongestTail> Profile;
   /// Intensity of each point before broadening, after the first scaling.
-  Array1<float, kGridCapacity> Stick;
+  Array1<float, kLargestPointCount> Stick;
   /// 2theta of each point in degrees, with two decimals.
-  Array1<float, kGridCapacity> GridAngle;
+  Array1<float, kLargestPointCount> GridAngle;
   /// The point whose bin a reflection fell into, 0 for none.
   Array1<std::int32_t, kReflectionLimit> PointOf;
   /// Where the reflections of a point go in a list by rising point.
@@ -44,7 +44,7 @@ struct SynthesisData {
   /// Lower edges of the bins in degrees, not rounded; one more than there are points.
   Array1<double, kLargestPointCount + 1> BinEdge;
   /// 2 exp(-m/B) for m from 1. The high-angle tails decay twice as fast and use every second element.
-  Array1<double, 2 * 5'001> TailShape;
+  Array1<double, 2 * kLongestTail> TailShape;
   /// Factor of the first scaling; it holds in the second one too, unless that sets its own.
   float Scale = 1.0F;
 };

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
 #include <optional>
 #include <string_view>
+
+#include "textio/ShortFields.h"
 
 namespace talven {
 namespace {
@@ -44,8 +47,8 @@ std::optional<std::uint64_t> ScaleAndRound(double magnitude, int decimals) {
     // 24 bits of a stored real times 10^12 at the most (29 bits beside its power of two): the product is exact.
     const double scaled = magnitude * kPowersOfTen[static_cast<std::size_t>(decimals)];
     if (scaled >= 1e17) return std::nullopt;
-    const auto whole = static_cast<std::uint64_t>(scaled);
-    return scaled - static_cast<double>(whole) >= 0.5 ? whole + 1 : whole;
+    const auto whole = static_cast<std::int64_t>(scaled);
+    return static_cast<std::uint64_t>(scaled - static_cast<double>(whole) >= 0.5 ? whole + 1 : whole);
   }
   // Thirty more decimals tell an exact half from its neighbours: no other 64-bit real lies that close to one.
   std::array<char, 80> digits{};
@@ -61,43 +64,71 @@ std::optional<std::uint64_t> ScaleAndRound(double magnitude, int decimals) {
   return *cut >= '5' ? whole + 1 : whole;
 }
 
-/// A field that is filled from its right end.
-class LeftwardField {
- public:
-  explicit LeftwardField(std::span<char> field) : field_(field), room_(field.size()) {}
-  std::size_t Room() const { return room_; }
-  void Put(char c) {
-    if (room_ > 0) {
-      field_[--room_] = c;
-    } else {
-      too_narrow_ = true;
-    }
+/// Blanks a field; the usual widths by two stores that may overlap.
+void Blank(std::span<char> field) {
+  constexpr char kBlanks[] = "        ";
+  char* const begin = field.data();
+  char* const end = begin + field.size();
+  if (field.size() >= 8 && field.size() <= 16) {
+    std::memcpy(begin, kBlanks, 8);
+    std::memcpy(end - 8, kBlanks, 8);
+  } else if (field.size() >= 4 && field.size() < 8) {
+    std::memcpy(begin, kBlanks, 4);
+    std::memcpy(end - 4, kBlanks, 4);
+  } else {
+    std::fill(begin, end, ' ');
   }
-  void PutDigits(std::uint64_t whole) {
-    for (; whole != 0; whole /= 10) Put(static_cast<char>('0' + whole % 10));
-  }
-  /// Blanks what is left, or shows that the number was too wide.
-  void Finish() {
-    if (too_narrow_) return Asterisks(field_);
-    while (room_ > 0) field_[--room_] = ' ';
-  }
+}
 
- private:
-  std::span<char> field_;
-  std::size_t room_;
-  bool too_narrow_ = false;
-};
+constexpr std::array<std::uint64_t, 20> kWholePowersOfTen = [] {
+  std::array<std::uint64_t, 20> powers{1};
+  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+  return powers;
+}();
+
+/// How many digits a whole number has; none for 0.
+std::size_t CountDigits(std::uint64_t whole) {
+  // Bits times log10(2) are the digits, or one too many.
+  const auto digits = static_cast<std::size_t>(std::bit_width(whole)) * 1233 >> 12;
+  return digits + (whole >= kWholePowersOfTen[digits] ? 1 : 0);
+}
+
+constexpr std::array<char, 200> kPairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+/// Writes the last digits of a whole number ahead of `end`, as many as are asked for, and takes them from it.
+char* PutDigits(char* end, std::uint64_t& whole, std::size_t count) {
+  for (; count >= 2; count -= 2, whole /= 100) std::memcpy(end -= 2, &kPairs[2 * (whole % 100)], 2);
+  if (count == 1) {
+    *--end = static_cast<char>('0' + whole % 10);
+    whole /= 10;
+  }
+  return end;
+}
 
 /// Writes sign, digits and point of a number whose digits are those of `whole` with the point before the last
 /// `decimals` of them.
 void PlaceFixed(std::span<char> field, bool negative, std::uint64_t whole, int decimals) {
-  LeftwardField number(field);
-  for (int i = 0; i < decimals; ++i, whole /= 10) number.Put(static_cast<char>('0' + whole % 10));
-  number.Put('.');
-  if (whole == 0 && (number.Room() > (negative ? 1U : 0U) || decimals == 0)) number.Put('0');
-  number.PutDigits(whole);
-  if (negative) number.Put('-');
-  number.Finish();
+  const auto fraction = static_cast<std::size_t>(decimals);
+  const std::size_t digits = CountDigits(whole);
+  const std::size_t ahead = digits > fraction ? digits - fraction : 0;
+  const std::size_t needed = ahead + fraction + (negative ? 2 : 1);
+  if (needed > field.size() || (ahead + fraction == 0 && needed == field.size())) return Asterisks(field);
+  Blank(field);
+  char* p = PutDigits(field.data() + field.size(), whole, fraction);
+  *--p = '.';
+  if (ahead > 0) {
+    p = PutDigits(p, whole, ahead);
+  } else if (needed < field.size()) {
+    *--p = '0';
+  }
+  if (negative) *--p = '-';
 }
 
 /// Six significant digits in fixed notation: how many of them are decimals, for 0.1 <= magnitude < 1000000.
@@ -110,12 +141,13 @@ int DecimalsOfSix(double magnitude) {
 }  // namespace
 
 void FormatI(std::span<char> field, std::int64_t value) {
-  LeftwardField number(field);
   const auto bits = static_cast<std::uint64_t>(value);
-  if (value == 0) number.Put('0');
-  number.PutDigits(value < 0 ? 0 - bits : bits);
-  if (value < 0) number.Put('-');
-  number.Finish();
+  std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
+  const std::size_t digits = magnitude == 0 ? 1 : CountDigits(magnitude);
+  if (digits + (value < 0 ? 1 : 0) > field.size()) return Asterisks(field);
+  Blank(field);
+  char* p = PutDigits(field.data() + field.size(), magnitude, digits);
+  if (value < 0) *--p = '-';
 }
 
 void FormatF(std::span<char> field, double value, int decimals) {
@@ -167,14 +199,12 @@ void FormatG(std::span<char, 15> field, double value) {
   }
   if (!(magnitude >= 0.1 && magnitude < 1e6)) return FormatE(field, value, 6);
   int decimals = DecimalsOfSix(magnitude);
-  auto whole = ScaleAndRound(magnitude, decimals);
-  if (whole == 1'000'000U) {
+  if (ScaleAndRound(magnitude, decimals) == 1'000'000U) {
     // Rounding gave a seventh digit: it is again six digits, one place further left.
     if (decimals == 0) return FormatE(field, value, 6);
     --decimals;
-    whole = 100'000U;
   }
-  PlaceFixed(number, std::signbit(value), *whole, decimals);
+  if (!PlaceShort(number, value, decimals)) FormatF(number, value, decimals);
   std::fill(blanks.begin(), blanks.end(), ' ');
 }
 

@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
+#include <cstring>
+#include <limits>
 #include <string>
-
-#include "textio/FixedText.h"
 
 namespace talven {
 namespace {
@@ -110,34 +111,119 @@ bool IsPlain(std::string_view text) {
   return !text.empty() && std::ranges::all_of(text, [](char c) { return IsDigit(c) || c == '.'; });
 }
 
-/// A short number without exponent; nothing for any other. Up to 2^24 its digits are exact in a stored real, and so is
-/// a power of ten up to 10^10: one division then rounds as well as <charconv> does, in less time.
-std::optional<float> ReadShort(std::string_view text) {
-  constexpr std::array<float, 11> kPowersOfTen = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F, 1e10F};
-  const bool negative = !text.empty() && text.front() == '-';
-  if (negative) text.remove_prefix(1);
-  std::uint32_t digits = 0;
-  std::size_t point = text.size();
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '.' && point == text.size()) {
-      point = i;
-    } else if (IsDigit(text[i])) {
-      digits = digits * 10 + static_cast<std::uint32_t>(text[i] - '0');
-      if (digits > 1U << 24) return std::nullopt;
-    } else {
-      return std::nullopt;
-    }
+/// Passes over digits, which are added to a value, and gives where they end. Beyond nine the value is of no use.
+const char* TakeDigits(const char* p, const char* end, std::uint32_t& value) {
+  for (; p != end; ++p) {
+    const std::uint32_t digit = static_cast<std::uint32_t>(*p) - '0';
+    if (digit > 9) break;
+    value = value * 10 + digit;
   }
-  const std::size_t decimals = point == text.size() ? 0 : text.size() - point - 1;
-  const bool has_digits = text.size() > (point == text.size() ? 0U : 1U);
-  if (!has_digits || decimals >= kPowersOfTen.size()) return std::nullopt;
-  const float magnitude = static_cast<float>(digits) / kPowersOfTen[decimals];
+  return p;
+}
+
+/// A short number without exponent, which has to have a point if that is asked for; nothing for any other. Up to 2^24
+/// its digits are exact in a stored real, and so is a power of ten up to 10^10: one division then rounds as well as
+/// <charconv> does, in less time.
+std::optional<float> ReadShort(std::string_view text, bool needs_point = false) {
+  constexpr std::array<float, 10> kPowersOfTen = {1e0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F};
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  const bool negative = p != end && *p == '-';
+  if (negative) ++p;
+  const char* const first = p;
+  std::uint32_t digits = 0;
+  p = TakeDigits(p, end, digits);
+  auto count = p - first;
+  std::ptrdiff_t decimals = 0;
+  if (p != end && *p == '.') {
+    const char* const point = p;
+    p = TakeDigits(p + 1, end, digits);
+    decimals = p - point - 1;
+    count += decimals;
+  } else if (needs_point) {
+    return std::nullopt;
+  }
+  if (p != end || count == 0 || count > 9 || digits > 1U << 24) return std::nullopt;
+  const float magnitude = static_cast<float>(digits) / kPowersOfTen[static_cast<std::size_t>(decimals)];
+  return negative ? -magnitude : magnitude;
+}
+
+/// The characters of a field at once, the first in the lowest byte.
+template <typename Word>
+Word Load(const char* characters) {
+  Word word = 0;
+  std::memcpy(&word, characters, sizeof word);
+  return word;
+}
+
+/// Turns characters into digits, a byte each: blanks ahead of the first digit and a minus sign between them and it
+/// become 0. False for any other text.
+template <typename Word>
+bool TakeColumns(Word text, Word& digits, bool& negative) {
+  constexpr Word kEach = static_cast<Word>(~Word{0}) / 0xFF;
+  // Of the characters allowed the digits alone have this bit.
+  const int ahead = std::countr_zero(text & kEach * 0x10) / 8 * 8;
+  if (ahead == std::numeric_limits<Word>::digits) return false;
+  const Word leading = (Word{1} << ahead) - 1;
+  const Word not_blank = (text ^ kEach * ' ') & leading;
+  negative = not_blank != 0;
+  if (negative && not_blank != Word{' ' ^ '-'} << (ahead - 8)) return false;
+  digits = (text ^ kEach * '0') & ~leading;
+  return ((digits | (digits + kEach * (0x80 - 10))) & kEach * 0x80) == 0;
+}
+
+/// A whole number that stands at the right end of four columns; nothing for any other field.
+std::optional<std::int32_t> ReadFourColumns(std::string_view field) {
+  if (std::endian::native != std::endian::little || field.size() != 4) return std::nullopt;
+  std::uint32_t digits = 0;
+  bool negative = false;
+  if (!TakeColumns(Load<std::uint32_t>(field.data()), digits, negative)) return std::nullopt;
+  const std::uint32_t pairs = digits * 10 + (digits >> 8);
+  const auto magnitude = static_cast<std::int32_t>((pairs & 0xFF) * 100 + (pairs >> 16 & 0xFF));
+  return negative ? -magnitude : magnitude;
+}
+
+/// A number as `F8.2` or a wider field with two decimals shows it, of at most seven digits; nothing for any other
+/// field.
+std::optional<float> ReadTwoDecimals(std::string_view field) {
+  constexpr std::size_t kSeen = 8;
+  if (std::endian::native != std::endian::little || field.size() < kSeen || field[field.size() - 3] != '.')
+    return std::nullopt;
+  for (const char c : field.substr(0, field.size() - kSeen))
+    if (c != ' ') return std::nullopt;
+  const auto text = Load<std::uint64_t>(field.data() + field.size() - kSeen);
+  // The point goes, and the five characters ahead of it move into its place.
+  const std::uint64_t closed = (text & 0xFFFF'0000'0000'0000) | (text & 0xFF'FFFF'FFFF) << 8 | std::uint64_t{' '};
+  std::uint64_t digits = 0;
+  bool negative = false;
+  if (!TakeColumns(closed, digits, negative)) return std::nullopt;
+  const std::uint64_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
+  const std::uint64_t fours = (pairs * 100 + (pairs >> 16)) & 0x0000'FFFF'0000'FFFF;
+  const auto whole = static_cast<std::int32_t>((fours & 0xFFFF) * 10'000 + (fours >> 32));
+  const float magnitude = static_cast<float>(whole) / 100.0F;
+  return negative ? -magnitude : magnitude;
+}
+
+/// A whole number of at most nine digits with blanks ahead of it alone; nothing for any other.
+std::optional<std::int32_t> ReadShortWhole(std::string_view field) {
+  const char* p = field.data();
+  const char* const end = p + field.size();
+  while (p != end && *p == ' ') ++p;
+  const bool negative = p != end && *p == '-';
+  if (negative) ++p;
+  const char* const first = p;
+  std::uint32_t digits = 0;
+  p = TakeDigits(p, end, digits);
+  if (p != end || p == first || p - first > 9) return std::nullopt;
+  const auto magnitude = static_cast<std::int32_t>(digits);
   return negative ? -magnitude : magnitude;
 }
 
 }  // namespace
 
 std::optional<std::int32_t> ReadI(std::string_view field) {
+  if (const auto value = ReadFourColumns(field)) return value;
+  if (const auto value = ReadShortWhole(field)) return value;
   bool negative = false;
   bool signed_field = false;
   int digits = 0;
@@ -162,12 +248,13 @@ std::optional<std::int32_t> ReadI(std::string_view field) {
 }
 
 std::optional<float> ReadF(std::string_view field, int decimals) {
-  const std::string_view text = Trim(field);
+  if (const auto value = ReadTwoDecimals(field)) return value;
+  std::string_view text = field;
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   if (text.empty()) return 0.0F;
-  if (decimals == 0 || text.find('.') != std::string_view::npos) {
-    if (const auto value = ReadShort(text)) return value;
-    if (IsPlain(text)) return Convert<float>(text);
-  }
+  if (const auto value = ReadShort(text, decimals != 0)) return value;
+  if ((decimals == 0 || text.find('.') != std::string_view::npos) && IsPlain(text)) return Convert<float>(text);
   return ReadScaled<float>(WithoutBlanks(text), decimals);
 }
 

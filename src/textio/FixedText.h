@@ -1,7 +1,6 @@
 // Text of a fixed length, padded with blanks, and the column helpers that all readers of fixed layouts share.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -54,17 +53,19 @@ class FixedText {
   constexpr char operator[](std::size_t column) const { return characters_[column - 1]; }
 
   /// Blanks the first count columns, as is done to a keyword before the numbers behind it are read.
-  constexpr void BlankFirst(std::size_t count) { std::fill_n(characters_.begin(), std::min(count, N), ' '); }
+  constexpr void BlankFirst(std::size_t count) {
+    std::char_traits<char>::assign(characters_.data(), count < N ? count : N, ' ');
+  }
 
   constexpr bool StartsWith(std::string_view keyword) const { return View().starts_with(keyword); }
   friend constexpr bool operator==(const FixedText&, const FixedText&) = default;
 
  private:
   constexpr void Assign(std::string_view text) {
-    const std::size_t count = std::min(text.size(), N);
+    const std::size_t count = text.size() < N ? text.size() : N;
     // The text may be a part of these very characters, so it is moved before the rest is blanked.
     if (count > 0) std::char_traits<char>::move(characters_.data(), text.data(), count);
-    std::fill(characters_.begin() + static_cast<std::ptrdiff_t>(count), characters_.end(), ' ');
+    std::char_traits<char>::assign(characters_.data() + count, N - count, ' ');
   }
   std::array<char, N> characters_;
 };

@@ -1,18 +1,25 @@
 #include "textio/Record.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace talven {
 
-std::span<char> Record::Take(std::size_t count) {
-  const std::size_t taken = std::min(count, kCapacity - length_);
-  const std::span<char> field(characters_.data() + length_, taken);
-  length_ += taken;
-  return field;
+std::span<char> Record::TakeRest() {
+  const std::span<char> rest(characters_.data() + length_, kCapacity - length_);
+  length_ = kCapacity;
+  return rest;
 }
 
 Record& Record::X(std::size_t count) {
-  std::ranges::fill(Take(count), ' ');
+  constexpr char kBlanks[] = "        ";
+  if (count <= 8 && length_ + 8 <= kCapacity) {
+    // Eight at once cost less than a loop; the next field takes the place of those that are too many.
+    std::memcpy(characters_.data() + length_, kBlanks, 8);
+    length_ += count;
+  } else {
+    std::ranges::fill(Take(count), ' ');
+  }
   return *this;
 }
 
@@ -22,20 +29,10 @@ Record& Record::A(std::string_view text) {
   return *this;
 }
 
-Record& Record::I(std::int64_t value, std::size_t width) {
-  FormatI(Take(width), value);
-  return *this;
-}
-
-Record& Record::F(double value, std::size_t width, int decimals) {
-  FormatF(Take(width), value, decimals);
-  return *this;
-}
-
 Record& Record::G(double value) {
-  std::array<char, 15> field;
-  FormatG(field, value);
-  return A({field.data(), field.size()});
+  if (length_ + 15 > kCapacity) return X(15);
+  FormatG(Take(15).first<15>(), value);
+  return *this;
 }
 
 }  // namespace talven

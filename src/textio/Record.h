@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "textio/FieldFormat.h"
+#include "textio/ShortFields.h"
 
 namespace talven {
 
@@ -21,15 +22,30 @@ class Record {
   Record& X(std::size_t count);
   /// The whole text.
   Record& A(std::string_view text);
-  Record& I(std::int64_t value, std::size_t width);
-  Record& F(double value, std::size_t width, int decimals);
+  Record& I(std::int64_t value, std::size_t width) {
+    const auto field = Take(width);
+    if (!PlaceFour(field, value)) FormatI(field, value);
+    return *this;
+  }
+  Record& F(double value, std::size_t width, int decimals) {
+    const auto field = Take(width);
+    if (!PlaceShort(field, value, decimals)) FormatF(field, value, decimals);
+    return *this;
+  }
   Record& G(double value);
 
   std::string_view Text() const { return {characters_.data(), length_}; }
   void Clear() { length_ = 0; }
 
  private:
-  std::span<char> Take(std::size_t count);
+  std::span<char> Take(std::size_t count) {
+    // Two ways on purpose: in the usual one a width that is known when this is compiled stays known.
+    if (count > kCapacity - length_) return TakeRest();
+    const std::span<char> field(characters_.data() + length_, count);
+    length_ += count;
+    return field;
+  }
+  std::span<char> TakeRest();
   static constexpr std::size_t kCapacity = 1024;
   std::array<char, kCapacity> characters_;
   std::size_t length_ = 0;

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "textio/Array1.h"
 #include "textio/FixedText.h"
 #include "textio/Folder.h"
 
@@ -13,10 +12,6 @@ namespace talven {
 
 inline constexpr std::size_t kLongestJobName = 20;
 using JobText = FixedText<kLongestJobName>;
-
-/// Eight reals that the simulator and the reformatter fill and read, each giving the slots its own meaning. A run sets
-/// every slot that it reads.
-using PatternProperties = Array1<float, 8>;
 
 /// Owned by the driver, handed to every handler by reference.
 struct RunState {
@@ -33,7 +28,6 @@ struct RunState {
   std::int32_t AutoState = 0;
   /// 1 ends the option loop.
   std::int32_t StopFlag = 0;
-  talven::PatternProperties Properties;
 
   std::string_view TrimmedJobName() const { return JobName.First(static_cast<std::size_t>(JobNameLength)); }
   /// A file of the job: its name and an extension with its point.

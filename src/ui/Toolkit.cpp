@@ -3,12 +3,13 @@
 #include <ctime>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 #include "textio/FileNames.h"
 #include "textio/FixedText.h"
+#include "textio/Folder.h"
 #include "ui/Process.h"
 #include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormState.h"
 
 namespace talven {
 namespace {
@@ -43,24 +44,27 @@ std::vector<MessageButton> MessageButtons(MessageType type) {
 
 Toolkit::Toolkit(const std::vector<std::string>& arguments) : arguments_(arguments) {}
 
-FormState* Toolkit::Current() {
-  return const_cast<FormState*>(std::as_const(*this).Current());
-}
+Toolkit::~Toolkit() = default;
 
-const FormState* Toolkit::Current() const {
-  const auto found = forms_.find(current_form_);
-  return found == forms_.end() ? nullptr : &found->second;
+FormState* Toolkit::Find(int id) {
+  for (FormState& form : forms_)
+    if (form.Spec().id == id) return &form;
+  return nullptr;
 }
 
 void Toolkit::WDialogLoad(int id) {
   const FormSpec* const spec = FindForm(id);
   if (spec == nullptr) return;
-  forms_.insert_or_assign(id, FormState(*spec));
+  if (FormState* const loaded = Find(id)) {
+    *loaded = FormState(*spec);
+  } else {
+    forms_.emplace_back(*spec);
+  }
   current_form_ = id;
 }
 
 void Toolkit::WDialogSelect(int id) {
-  if (forms_.contains(id)) current_form_ = id;
+  if (Find(id) != nullptr) current_form_ = id;
 }
 
 void Toolkit::WDialogShow(int /*x*/, int /*y*/, int /*focus_field*/, std::optional<int> mode) {
@@ -75,10 +79,10 @@ void Toolkit::WDialogShow(int /*x*/, int /*y*/, int /*focus_field*/, std::option
 }
 
 void Toolkit::WDialogUnload(int id) {
-  const auto found = forms_.find(id);
-  if (found == forms_.end()) return;
-  HideForm(found->second);
-  forms_.erase(found);
+  const FormState* const form = Find(id);
+  if (form == nullptr) return;
+  HideForm(*form);
+  forms_.remove_if([id](const FormState& loaded) { return loaded.Spec().id == id; });
   current_form_ = 0;
 }
 

@@ -5,18 +5,19 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
+#include <list>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "textio/CalendarTime.h"
-#include "textio/Folder.h"
 #include "ui/CommandLookup.h"
-#include "ui/forms/FormState.h"
+#include "ui/forms/FormSpec.h"
 
 namespace talven {
+
+class FormState;
 
 struct WindowRecord {
   int flags = 0;
@@ -70,7 +71,7 @@ class Toolkit {
  public:
   /// `arguments` are those of the process, the program's own path first.
   explicit Toolkit(const std::vector<std::string>& arguments);
-  virtual ~Toolkit() = default;
+  virtual ~Toolkit();
   Toolkit(const Toolkit&) = delete;
   Toolkit& operator=(const Toolkit&) = delete;
 
@@ -102,6 +103,9 @@ class Toolkit {
   std::int32_t WDialogGetStringLength(int field) const;
   void WDialogPutInteger(int field, std::int32_t value);
   void WDialogPutReal(int field, float value, std::optional<RealFormat> format = {});
+
+  /// The job of the session is known: for toolkits that show it.
+  virtual void JobSettled(std::string_view /*job*/) {}
 
   // Questions. The outcome stands in WDialogQuery(4).
   void WMessageBox(const Message& message);
@@ -152,11 +156,13 @@ class Toolkit {
   virtual void ShowDirectory() {}
 
  private:
-  FormState* Current();
-  const FormState* Current() const;
+  FormState* Find(int id);
+  FormState* Current() { return Find(current_form_); }
+  const FormState* Current() const { return const_cast<Toolkit*>(this)->Current(); }
 
   std::vector<std::string> arguments_;
-  std::map<int, FormState> forms_;
+  /// The loaded forms; each stays where it is until it is unloaded.
+  std::list<FormState> forms_;
   int current_form_ = 0;
   int exit_button_ = 0;
   int outcome_ = 0;

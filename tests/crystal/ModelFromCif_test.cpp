@@ -41,7 +41,7 @@ TEST_F(ModelFromCifTest, GivesTheValuesOfAnotherProgram) {
         "-x+y+1/3,-x+2/3,z+2/3\n-x+1/3,-y+2/3,-z+2/3\n'y+1/3, -x+y+2/3, -z+2/3'\nx-y+1/3,x+2/3,-z+2/3\n"}) {
     const CifStructure structure = Read(kCell + symmetry + kSites);
     ASSERT_EQ(structure.model.atoms.size(), 2U);
-    EXPECT_EQ(structure.notices, std::vector<std::string>{"a.cif: 1 atoms without a position are passed over"});
+    EXPECT_EQ(structure.notices, std::vector<std::string>{"a.cif: 1 atom without a position passed over"});
     EXPECT_EQ(structure.model.title, "one");
     const std::pair<MillerIndex, double> values[] = {
         {{1, 1, 0}, 20659.906895}, {{0, 1, 2}, 341.822735}, {{-1, 2, 3}, 102.605040}, {{2, 1, 1}, 5052.193043}};

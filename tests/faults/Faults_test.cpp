@@ -36,9 +36,10 @@ std::string Lasting(const std::string& text) {
   return lasting;
 }
 
-/// A file that an option reads, and the exit codes of runs on damaged ones, see Damaged.
+/// A file that an option reads, and which damages end a run with an error, see Damaged; then those after which answers
+/// are left over or missing and the run is refused.
 struct Input {
-  std::string name, content, codes;
+  std::string name, content, fatal, refused = {};
 };
 
 struct Option {
@@ -59,35 +60,35 @@ const std::string kModel =
 const std::string kPeaks = "   Radiation Wavelength   1.54056\n   Marked peaks\n10 1000\n20 2000\n";
 const std::string kWideRows = "_list_code 4\n   1   0   0        400.00        401.00         1.00 o\n";
 const std::string kNarrowRows = "_list_code 4\n   1   0   0      400.00      401.00      1.00 o\n";
-const Input kIns{"ABC.INS", kModel, "000100000000000010"};
-const Input kRawIns{"ABC.INS", Replaced(kModel, "REM W", "REM WMIN"), "000100001111110010"};
-const Input kHkl{"ABC.HKL", "   1   0   0  100.00    1.00\n   1   1   0   50.00    1.00\n", "00000000"};
-const Input kNarrow{"ABC.FCF", kNarrowRows, "00000000"}, kWide{"ABC.FCF", kWideRows, "00000000"};
-const Input kList4{"ABC.FCF", kNarrowRows, "11111111"}, kRefined{"../made/ABC.fcf", kWideRows, "11111111"};
-const Input kTxt{"ABC.TXT", "REM\n4 1\n4.5 2\n5 3\n", "111111011111"};
-const Input kReference{"R.LST", kPeaks, "222222002022"}, kSample{"S.LST", kPeaks, "000000000000"};
-const Input kDirectory{"../home/talven/drives/c/exe/VELDOR/DIR.DEF", ".\n", "110000"};
+const Input kIns{"ABC.INS", kModel, "2.5, NULs"};
+const Input kRawIns{"ABC.INS", Replaced(kModel, "REM W", "REM WMIN"), "2.5, 5 to 7.5, NULs"};
+const Input kHkl{"ABC.HKL", "   1   0   0  100.00    1.00\n   1   1   0   50.00    1.00\n", ""};
+const Input kNarrow{"ABC.FCF", kNarrowRows, ""}, kWide{"ABC.FCF", kWideRows, ""};
+const Input kList4{"ABC.FCF", kNarrowRows, "1 to CRs"}, kRefined{"../made/ABC.fcf", kWideRows, "1 to CRs"};
+const Input kTxt{"ABC.TXT", "REM\n4 1\n4.5 2\n5 3\n", "1 to 3.5, 4.5 to CRs"};
+const Input kReference{"R.LST", kPeaks, "", "1 to 3.5, binary, NULs to CRs"}, kSample{"S.LST", kPeaks, ""};
+const Input kDirectory{"../home/talven/drives/c/exe/VELDOR/DIR.DEF", ".\n", "1 to 1.5"};
 const Input kCif{"ABC.CIF",
                  "_diffraction_radiation_wavelength 1.5406\n_pd_meas_2theta_range_min 4\n"
                  "_pd_meas_2theta_range_max 5.1\n_pd_meas_2theta_range_inc .5\n_pd_meas_step_count_time 2.5\nloop_\n"
                  "    _pd_meas_counts_total\n10\n20\n",
-                 "0000000000101000000010"};
-Input Ing(const char* codes) {
-  return {"ABC.ING", "t\n1.54\n4.\n4.1\n.02\n4.\n3\n4.00 1000\n4.02 2000\n4.04 3000\n4.06 4\n4.08 5\n", codes};
+                 "6, 7, NULs"};
+Input Ing(const char* fatal) {
+  return {"ABC.ING", "t\n1.54\n4.\n4.1\n.02\n4.\n3\n4.00 1000\n4.02 2000\n4.04 3000\n4.06 4\n4.08 5\n", fatal};
 }
 
 const std::string kPattern = "ABC.ING|SBRAG.LST|ABC.CPI|ABC.PAT|ABC.XY", kFewPoints = "1014=5\n1030=10\nok\nexit\n";
 const std::vector<Option> kOptions = {
     {"1", "1006=1\nok\n", kFewPoints, {kIns, kHkl}, kPattern, "ABC.TMP"},
     {"2", "1006=2\nok\n", "exit\n", {kCif}, "ABC.ING"},
-    {"3", "1006=3\nok\n", "exit\n", {Ing("1111111111111100000000001111")}, "NEW.CIF"},
-    {"4", "1006=4\nok\n", "1006=3\nok\nexit\n", {Ing("1111111111111111111100001001")}, "NEW.ING"},
+    {"3", "1006=3\nok\n", "exit\n", {Ing("1 to 7.5, binary to CRs")}, "NEW.CIF"},
+    {"4", "1006=4\nok\n", "1006=3\nok\nexit\n", {Ing("1 to 10.5, binary, CRs")}, "NEW.ING"},
     {"5", "1006=5\nok\n", "ok\nexit\n", {kIns}, "DUMMY.HKL"},
     {"Automatic", "", "", {kRawIns, kRefined}, kPattern, "DUMMY.HKL|ABC.INS|TEST.INS|ABC.HKL|ABC.fcf|ABC.TMP"},
     {"6", "1006=6\nok\n", "exit\n", {kList4, kDirectory}, "DUMMY.HKL"},
     {"7Narrow", "1006=7\nok\n", kFewPoints, {kIns, kNarrow}, kPattern, "ABC.TMP"},
     {"7Wide", "1006=7\nok\n", kFewPoints, {kIns, kWide}, kPattern, "ABC.TMP"},
-    {"8", "1006=8\nok\n", "exit\n", {Ing("1111111111111111111111111111")}, "ABC.TXT"},
+    {"8", "1006=8\nok\n", "exit\n", {Ing("1 to CRs")}, "ABC.TXT"},
     {"9", "1006=9\nok\n", "exit\n", {kTxt}, "ABC.ING"},
     {"Comparison", "1015=on\nok\nok\nR.LST\n", "S.LST\nno\nno\nexit\n", {kReference, kSample}, "Talven_corvane.log"},
 };
@@ -146,35 +147,59 @@ struct EveryOption : testing::TestWithParam<Option>, TestDirectory {
 };
 INSTANTIATE_TEST_SUITE_P(Faults, EveryOption, testing::ValuesIn(kOptions));
 
-/// A text cut before and within each line; then binary, a line of 1 MB in the middle, NULs for blanks, CRs alone.
-std::vector<std::string> Damaged(const std::string& text) {
-  std::vector<std::string> texts;
-  for (std::size_t begin = 0, end = 0; begin < text.size(); begin = end + 1) {
+struct Damage {
+  std::string name, text;
+};
+
+/// A text cut at 2, which is before its second line, at 2.5, which is within it, and so on; then binary, with a line of
+/// 1 MB in the middle, with NULs for blanks, with CRs alone.
+std::vector<Damage> Damaged(const std::string& text) {
+  std::vector<Damage> damages;
+  int line = 1;
+  for (std::size_t begin = 0, end = 0; begin < text.size(); begin = end + 1, ++line) {
     end = text.find('\n', begin);
-    for (const std::size_t cut : {begin, (begin + end) / 2}) texts.push_back(text.substr(0, cut));
+    damages.push_back({std::to_string(line), text.substr(0, begin)});
+    damages.push_back({std::to_string(line) + ".5", text.substr(0, (begin + end) / 2)});
   }
   std::string bytes;
   for (int i = 0; i < 1024; ++i) bytes += static_cast<char>(i * 7);
   std::string long_line = text;
   long_line.insert(text.find('\n', text.size() / 2), "\n" + std::string(1'000'000, 'x'));
-  const std::string nuls = Replaced(text, " ", std::string(1, '\0')), one_line = Replaced(text, "\n", "\r");
-  texts.insert(texts.end(), {bytes, long_line, nuls, one_line});
-  return texts;
+  damages.push_back({"binary", bytes});
+  damages.push_back({"long line", long_line});
+  damages.push_back({"NULs", Replaced(text, " ", std::string(1, '\0'))});
+  damages.push_back({"CRs", Replaced(text, "\n", "\r")});
+  return damages;
+}
+
+/// The names of the damages after which a run ended with a code, those in a row as "first to last".
+std::string WithCode(const std::vector<Damage>& damages, const std::vector<int>& codes, int code) {
+  std::string names;
+  for (std::size_t i = 0; i < damages.size(); ++i) {
+    if (codes[i] != code) continue;
+    std::size_t last = i;
+    while (last + 1 < damages.size() && codes[last + 1] == code) ++last;
+    names += (names.empty() ? "" : ", ") + damages[i].name + (last > i ? " to " + damages[last].name : "");
+    i = last;
+  }
+  return names;
 }
 
 TEST_P(EveryOption, NamesFileAndLineOfADamagedInput) {
   for (const Input& input : option.inputs) {
     const std::string fatal = "fatal I/O error: [^ ]*" + input.name.substr(input.name.size() - 4) +
                               ", line [0-9]+: expected [^\n]+, found [^\n]+\n$";
-    std::string codes;
-    for (const std::string& content : Damaged(input.content)) {
+    const std::vector<Damage> damages = Damaged(input.content);
+    std::vector<int> codes;
+    for (const Damage& damage : damages) {
       WriteInputs();
-      WriteFile(input.name, content);
+      WriteFile(input.name, damage.text);
       const SessionResult result = Run();
-      codes += std::to_string(result.exit_code);
+      codes.push_back(result.exit_code);
       EXPECT_EQ(Matches(result.messages, fatal), result.exit_code == 1) << result.messages;
     }
-    EXPECT_EQ(codes, input.codes) << input.name;
+    EXPECT_EQ(WithCode(damages, codes, 1), input.fatal) << input.name;
+    EXPECT_EQ(WithCode(damages, codes, 2), input.refused) << input.name;
   }
 }
 
@@ -264,7 +289,7 @@ std::string OtherCase(std::string path) {
 
 TEST_P(EveryOption, ReadsFilesAsOtherProgramsWriteThem) {
   const Contents sound = SoundOutputs();
-  for (const auto& [name, content, codes] : option.inputs) {
+  for (const auto& [name, content, fatal, refused] : option.inputs) {
     const std::string tail = name == "ABC.TXT" ? "" : " \n\n";  // which must have no blank lines
     using Row = std::pair<std::string, std::string>;
     for (const auto& [form, text] :

@@ -3,7 +3,7 @@
 
 #include "patterns/AscSpectrum.h"
 #include "patterns/SmallCif.h"
-#include "patterns/XyTable.h"
+#include "patterns/XyTxt.h"
 #include "support/TestFiles.h"
 
 namespace talven::test {
@@ -74,16 +74,16 @@ TEST(SmallCif, NamesOutliveAFile) {
   EXPECT_TRUE(read.error) << "no loop behind";
 }
 
-TEST(XyTable, BecomesAPatternOfCopper) {
+TEST(XyTxt, BecomesAPatternOfCopper) {
   TextInput txt("TXT", "REM\n4 1\nREM\n4.5 7\n5 3\n");
-  const IngPattern pattern = ReadXyAsIng(txt);
+  const IngPattern pattern = ReadXyTxt(txt);
   // A remark behind the first point: the second one counts for the first angle, but the rows begin with the first.
   EXPECT_EQ(pattern.header.FirstAngle, 4.5F);
   EXPECT_EQ(pattern.header.Step, 7.0F) << "the highest Y";
   EXPECT_EQ(pattern.header.LastAngle, 5.0F);
   EXPECT_EQ(pattern.rows.size(), 3U);
   TextInput blank("TXT", "4 1\n\n5 3\n");
-  EXPECT_TRUE(ErrorOf([&] { ReadXyAsIng(blank); }).starts_with("TXT, line 2: expected 2 numbers")) << "a blank line";
+  EXPECT_TRUE(ErrorOf([&] { ReadXyTxt(blank); }).starts_with("TXT, line 2: expected 2 numbers")) << "a blank line";
 }
 
 }  // namespace

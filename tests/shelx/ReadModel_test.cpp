@@ -98,7 +98,7 @@ TEST_F(ReadModelTest, PutsAtomsOnSpecialPositions) {
 TEST_F(ReadModelTest, TakesScatterersAndSymmetry) {
   const CrystalModel model = Read(
                                  "CELL 1.54178 5 5 5 90 90 90\nLATT 2\nSYMM -x,-y,-z\nSYMM 1/2+x,1/2+Y,0.5+z\nSYMM "
-                                 "-X,Y,0.5-Z\nDISP $O 0.1 0.2 "
+                                 "-X,Y,0.5-Z\nDISP H 1 2\nDISP $O 0.1 0.2 "
                                  "30\nSFAC C $H\nSFAC FE3 1 2 3 4 5 6 7 8 9 =\n 0.5 0.25 10 0.7 12 O D\n")
                                  .model;
   ASSERT_EQ(model.scatterers.size(), 5U);
@@ -108,6 +108,7 @@ TEST_F(ReadModelTest, TakesScatterersAndSymmetry) {
   EXPECT_EQ(model.scatterers[2].form.c, 9.0);
   EXPECT_EQ(model.scatterers[2].f_double_prime, 0.25);
   EXPECT_EQ(model.scatterers[3].f_prime, 0.1);
+  EXPECT_EQ(model.scatterers[1].f_double_prime, 2.0);
   EXPECT_EQ(model.scatterers[4].form.At(0), model.scatterers[1].form.At(0));
   EXPECT_GT(model.scatterers[0].f_double_prime, 0.0);
   EXPECT_EQ(Read("CELL 1 5 5 5 90 90 90\n").model.symmetry.Operators().size(), 2U) << "no LATT means 1";
@@ -155,6 +156,9 @@ TEST_F(ReadModelTest, RefusesWhatIsNoModel) {
       {"\xff\xfe\x80\n\x01\x02\n", "A.INS, line 2: expected a CELL line, found none up to here"},
   };
   for (const BadModel& c : cases) EXPECT_EQ(test::ErrorOf([&] { Read(c.text); }), c.error);
+  std::string operators = kHead;
+  for (int i = 0; i < 193; ++i) operators += "SYMM X,Y,Z\n";
+  EXPECT_EQ(test::ErrorOf([&] { Read(operators); }), "A.INS, line 199: expected at most 192 SYMM lines, found more");
   std::string many = kHead;
   for (int i = 0; i < 100'000; ++i) many += "C1 1 .1 .2 .3\n";
   EXPECT_EQ(test::ErrorOf([&] { Read(many); }), "A.INS, line 50007: expected at most 50000 atoms, found more");

@@ -36,9 +36,11 @@ std::string TestDirectory::Started() const {
 TestDirectory::~TestDirectory() {
   std::error_code error;
   fs::current_path(before_, error);
-  // A program that was started on leaving may be about to write.
-  do fs::remove_all(root_, error);
-  while (error == std::errc::directory_not_empty);
+  // A program that was started on leaving may be about to write, so that a file appears or goes meanwhile.
+  for (int tries = 0; tries < 1000 && fs::exists(root_, error); ++tries) {
+    fs::remove_all(root_, error);
+    if (error) std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
 }
 
 void WriteFile(const fs::path& name, std::string_view content) {

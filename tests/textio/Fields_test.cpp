@@ -40,10 +40,11 @@ TEST(FieldFormat, GeneralFields) {
 
 TEST(FieldInput, WholeNumbers) {
   using Row = std::pair<const char*, std::int32_t>;
-  for (const auto& [field, value] :
-       {Row{"  12", 12}, Row{"-  3", -3}, Row{"1 2 ", 12}, Row{"    ", 0}, Row{"-2147483648", -2147483647 - 1}})
+  for (const auto& [field, value] : {Row{"  12", 12}, Row{"-  3", -3}, Row{"1 2 ", 12}, Row{"    ", 0}, Row{" +12", 12},
+                                     Row{"- 12", -12}, Row{"-2147483648", -2147483647 - 1}})
     EXPECT_EQ(ReadI(field), value) << field;
-  for (const char* bad : {"1.0", "a", "-", "1-", "--1", "2147483648", "99999999999999999999", "1\t"})
+  for (const char* bad : {"1.0", "a", "-", "   -", "1-", " 1-2", "--1", " --1", " 1.0", " 1:0", "\xB1\xB2\xB3\xB4",
+                          "2147483648", "99999999999999999999", "1\t"})
     EXPECT_FALSE(ReadI(bad)) << bad;
 }
 
@@ -51,30 +52,48 @@ TEST(FieldInput, RealsWithImpliedDecimalsBlanksAndExponents) {
   using Row = std::tuple<const char*, int, float>;
   for (const auto& [field, decimals, value] :
        {Row{"  123.45", 0, 123.45F}, Row{"     123", 0, 123.0F}, Row{"     123", 2, 1.23F}, Row{"   123. ", 2, 123.0F},
-        Row{"   -.5  ", 2, -0.5F}, Row{"  1 2 3 ", 2, 1.23F}, Row{" 1.5E3", 2, 1500.0F}, Row{" 15e2", 1, 150.0F},
-        Row{" 1.5D+3", 0, 1500.0F}, Row{"15-3", 0, 0.015F}, Row{"+7", 0, 7.0F}, Row{"      ", 3, 0.0F},
-        Row{"1.0E-60", 0, 0.0F}, Row{"0.00000000000000000000000000000000000000000000000001", 0, 0.0F},
-        Row{"16777217", 0, 16777216.0F}, Row{"12345678901234567890", 0, 12345678901234567890.0F},
+        Row{"   -.5  ", 2, -0.5F}, Row{"     .25", 2, 0.25F}, Row{"    -.25", 0, -0.25F}, Row{"    1. 5", 0, 1.5F},
+        Row{"12345678.25", 0, 12345678.25F}, Row{"  +12.50", 0, 12.5F}, Row{"- 123.50", 0, -123.5F},
+        Row{"  1 2 3 ", 2, 1.23F}, Row{" 1.5E3", 2, 1500.0F}, Row{" 15e2", 1, 150.0F}, Row{" 1.5D+3", 0, 1500.0F},
+        Row{"15-3", 0, 0.015F}, Row{"+7", 0, 7.0F}, Row{"      ", 3, 0.0F}, Row{"1.0E-60", 0, 0.0F},
+        Row{"0.00000000000000000000000000000000000000000000000001", 0, 0.0F}, Row{"16777217", 0, 16777216.0F},
+        Row{"12345678901234567890", 0, 12345678901234567890.0F},
         // just above the half of two stored reals, but not as a 64-bit real: rounded once
         Row{"1.00000005960464477539062500000001", 0, 1.00000012F}})
     EXPECT_EQ(ReadF(field, decimals), value) << field;
-  for (const char* bad : {"abc", "1.2.3", "NaN", "inf", "********", ".", "-", "1E", "1E+", "1,5", "0x10", "1E60",
-                          "1e99999", "1.0 f", "\t1"})
+  for (const char* bad : {"abc", "1.2.3", " 1.2.30", "   --.25", "  1a2.50", "x    2.50", "NaN", "inf", "********", ".",
+                          "-", "1E", "1E+", "1,5", "0x10", "1E60", "1e99999", "1.0 f", "\t1"})
     EXPECT_FALSE(ReadF(bad, 0)) << bad;
 }
 
-TEST(Fields, RandomValuesAreWrittenAndReadAsTheStandardLibraryDoes) {
+TEST(Fields, RandomNumbersAreWrittenAndReadAsTheStandardLibraryDoes) {
   std::mt19937 random(1);
-  std::uniform_real_distribution<float> exponent(-3.0F, 7.0F);
+  const auto pick = [&random](int first, int last) { return std::uniform_int_distribution<int>(first, last)(random); };
   for (int i = 0; i < 200'000; ++i) {
-    const float value = std::pow(10.0F, exponent(random)) * (i % 2 == 0 ? 1.0F : -1.0F);
-    const int decimals = 1 + i % 4;
+    const auto width = static_cast<std::size_t>(pick(4, 18));
+    const int decimals = pick(0, 8);
+    const float value = static_cast<float>(pick(-999'999'999, 999'999'999) / std::pow(10.0, pick(0, 9)));
     // An exact half is the one case in which printf, which rounds to even, must differ.
-    if (std::fabs(std::fmod(std::ldexp(value, decimals + 1), 2.0F)) == 1.0F) continue;
-    char expected[64];
-    std::snprintf(expected, sizeof expected, "%14.*f", decimals, static_cast<double>(value));
-    ASSERT_EQ(Record().F(value, 14, decimals).Text(), expected);
-    ASSERT_EQ(ReadReal<float>(Trim(expected)), std::strtof(expected, nullptr)) << expected;
+    const double scaled = std::fabs(value) * std::pow(10.0, decimals);
+    if (scaled - std::floor(scaled) == 0.5) continue;
+    char digits[64];
+    std::snprintf(digits, sizeof digits, "%#.*f", decimals, static_cast<double>(value));
+    std::string expected = digits;
+    if (expected.size() == width + 1 && decimals > 0 && std::fabs(value) < 1.0F && expected.find("0.") < 2)
+      expected.erase(expected.find("0."), 1);
+    expected = expected.size() > width ? std::string(width, '*') : std::string(width - expected.size(), ' ') + expected;
+    ASSERT_EQ(Record().F(value, width, decimals).Text(), expected) << value << " F" << width << "." << decimals;
+    if (expected.back() == '*') continue;
+    ASSERT_EQ(ReadF(expected, decimals), std::strtof(expected.c_str(), nullptr)) << expected;
+    ASSERT_EQ(ReadReal<float>(Trim(expected)), std::strtof(expected.c_str(), nullptr)) << expected;
+  }
+  for (int value = -1100; value < 10'100; ++value) {
+    std::string expected = std::to_string(value);
+    ASSERT_EQ(ReadI(" " + expected), value);
+    ASSERT_EQ(ReadI(expected), value);
+    expected = expected.size() > 4 ? "****" : std::string(4 - expected.size(), ' ') + expected;
+    ASSERT_EQ(Record().I(value, 4).Text(), expected);
+    if (expected != "****") ASSERT_EQ(ReadI(expected), value);
   }
   EXPECT_EQ(ReadReal<float>("-.5"), -0.5F);
   for (const char* bad : {"", "-", ".", "-.", "1..2", "--1", "1-"}) EXPECT_FALSE(ReadReal<float>(bad)) << bad;

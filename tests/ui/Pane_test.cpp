@@ -2,8 +2,7 @@
 
 #include <sstream>
 
-#include "support/TestFiles.h"
-#include "ui/PeakFileSelector.h"
+#include "ui/Ui.h"
 #include "ui/console/ConsoleToolkit.h"
 
 namespace talven {
@@ -40,32 +39,6 @@ TEST(LineBuffer, ABlankLineKeepsTheLastLength) {
     line = text;
     EXPECT_EQ(line.TrimLine(), length);
     EXPECT_EQ(line.TrimmedLine(), trimmed);
-  }
-}
-
-TEST(SelectPeakFile, GivesTheStemOfThePath) {
-  const std::string twenty(20, 'a');
-  using Row = std::tuple<std::string, std::string, std::int32_t, std::int32_t>;
-  for (const auto& [answers, stem, length, status] :
-       {Row{"ref.LST", "ref", 3, 0}, Row{"noextension", "noextension", 11, 0}, Row{"a.b.lst", "a.b", 3, 0},
-        Row{"sub/x.LST", "x", 1, 0}, Row{"SUB/y.lst", "y", 1, 0}, Row{"sub", "*", 1, 0},
-        Row{"my file.LST\nsub/x.LST", "x", 1, 0}, Row{twenty + ".LST", twenty, 20, 0},
-        Row{twenty + "a.LST", "", -7, kPeakFileNameTooLong}, Row{"cancel", "old", -7, kPeakFileCancelled},
-        Row{"\nref.LST", "old", -7, kPeakFileCancelled}, Row{"a.LST", "a", 1, kClearAfterSelection}}) {
-    test::TestDirectory directory;
-    std::filesystem::create_directory("sub");
-    test::WriteFile("sub/Y.LST", "");
-    DrawingToolkit toolkit(answers);
-    PeakFileSelector selector;
-    FileStem found("old");
-    std::int32_t found_length = -7, found_status = status == kClearAfterSelection ? status : 0;
-    selector.SelectPeakFile(toolkit.ui, "Find REFERENCE LST file", found, found_length, found_status);
-    EXPECT_EQ(std::tuple(found.Trimmed(), found_length, found_status), std::tuple(stem, length, status)) << answers;
-    EXPECT_EQ(test::Count(toolkit.messages.str(), "[message] Spaces not allowed in Folder Names\n"), answers[0] == 'm');
-    EXPECT_EQ(std::filesystem::equivalent(".", directory.Path() / "sub"),
-              test::Count(answers, "sub") + test::Count(answers, "SUB") == 1)
-        << answers;
-    EXPECT_EQ(toolkit.drawn.str(), status == kClearAfterSelection ? "clear\n" : "") << answers;
   }
 }
 

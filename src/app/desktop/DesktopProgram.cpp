@@ -8,17 +8,32 @@
 #include "ui/qt/QtToolkit.h"
 
 namespace talven {
+namespace {
 
-int RunDesktop(const std::vector<std::string>& arguments) {
+int RunProgram(QtToolkit& toolkit) {
   try {
-    QtToolkit toolkit(arguments);
     Ui ui(toolkit);
     const auto program = std::make_unique<Program>();
     return RunDriver(ui, *program);
   } catch (const FatalIoError& error) {
-    ShowFatalError(error.what());
+    toolkit.TellFatalError(error.what());
     return kExitFatalIo;
+  } catch (const LeftAtOnce&) {
+    return kExitNormal;
   }
+}
+
+}  // namespace
+
+int RunDesktop(const DesktopStart& start) {
+  QtToolkit toolkit(start.arguments);
+  if (!start.opened_file.empty()) toolkit.StartWithFile(start.opened_file);
+  return RunSession([&] {
+    const int exit_code = RunProgram(toolkit);
+    toolkit.WindowClose();
+    toolkit.WaitForOutput();
+    return exit_code;
+  });
 }
 
 }  // namespace talven

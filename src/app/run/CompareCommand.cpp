@@ -97,7 +97,9 @@ class CompareCommand : public FileCommand {
     if (!log_name_.empty()) sample_log_ += common_text;
   }
   void Finish() override {
-    if (!log_name_.empty()) WriteWholeFile(log_name_, log_.Text() + sample_log_);
+    if (log_name_.empty()) return;
+    const std::string text = log_.Text() + sample_log_;
+    WriteWholeFiles({{log_name_, text}});
   }
 
   ComparisonSettings settings_ = FirstComparisonSettings();

@@ -23,6 +23,13 @@ void MakeFolder(const std::string& folder) {
     throw CommandLineError("-o: " + folder + ": cannot be made, or is no folder");
 }
 
+void WriteOutputs(const PlannedInput& planned, const FileResult& result) {
+  std::vector<WholeFile> files;
+  for (std::size_t i = 0; i < result.outputs.size(); ++i)
+    files.push_back({planned.outputs.at(i), result.outputs[i]->Text()});
+  WriteWholeFiles(files);
+}
+
 /// Readers say of a folder only that it is no file.
 void RefuseFolder(const InputPath& input) {
   std::error_code error;
@@ -65,10 +72,7 @@ FileResult FileCommand::WorkAndWrite(const PlannedInput& planned) const {
   try {
     RefuseFolder(planned.input);
     result = Work(planned);
-    if (!planned.is_done && result.failure.empty()) {
-      for (std::size_t i = 0; i < result.outputs.size(); ++i)
-        WriteWholeFile(planned.outputs.at(i), result.outputs[i]->Text());
-    }
+    if (!planned.is_done && result.failure.empty()) WriteOutputs(planned, result);
   } catch (const std::bad_alloc&) {
     result.failure = "there is not enough memory";
   } catch (const std::exception& error) {

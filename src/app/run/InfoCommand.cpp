@@ -96,12 +96,16 @@ FileInfo InfoOfPattern(const InputPath& input) {
           .notices = std::move(file.notices)};
 }
 
-/// A CIF of a structure, and not of a pattern.
-bool IsStructure(const InputPath& input) {
-  InputFile file;
-  OpenPath(input.Text(), file);
-  const auto holds = [&file](std::string_view name) { return file.Content().find(name) != std::string_view::npos; };
-  return holds("_atom_site_") || (holds("_cell_length_a") && !holds("_pd_"));
+/// A CIF may hold a pattern, a structure or both.
+FileInfo InfoOfCif(const InputPath& input) {
+  try {
+    return InfoOfPattern(input);
+  } catch (const FatalIoError&) {
+    InputFile file;
+    OpenPath(input.Text(), file);
+    if (file.Content().find("_cell_length_a") == std::string_view::npos) throw;
+    return InfoOfModel(input, "CIF");
+  }
 }
 
 FileInfo InfoOf(const InputPath& input) {
@@ -111,7 +115,7 @@ FileInfo InfoOf(const InputPath& input) {
   if (extension == "hkl") return InfoOfHkl(input);
   if (extension == "fcf") return InfoOfFcf(input);
   if (extension == "lst") return InfoOfPeaks(input);
-  if (extension == "cif" && IsStructure(input)) return InfoOfModel(input, "CIF");
+  if (extension == "cif") return InfoOfCif(input);
   return InfoOfPattern(input);
 }
 

@@ -71,6 +71,7 @@ void ReadMeasured(Run& run) {
   } else if (run.model && !run.model->embedded_reflections.empty()) {
     embedded = TextInput(*run.files.model + ": its HKL", run.model->embedded_reflections);
   } else {
+    if (run.model && !is_fcf) throw FatalIoError(*run.files.model + ": no reflections in it");
     throw FatalIoError(is_fcf ? "no FCF of that name" : "no HKL of that name");
   }
   TextInput& text = run.files.reflections ? static_cast<TextInput&>(file) : embedded;

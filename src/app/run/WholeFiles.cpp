@@ -13,55 +13,64 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A file under a name of its own, gone at the end unless it has been renamed.
-class TemporaryFile {
+[[noreturn]] void Fail(const WholeFile& file, const std::error_code& error) {
+  const std::string reason = error ? ": " + error.default_error_condition().message() : "";
+  throw FatalIoError(file.path + ": cannot be written" + reason);
+}
+
+[[noreturn]] void FailByErrno(const WholeFile& file) {
+  Fail(file, {errno, std::generic_category()});
+}
+
+/// Files under names of their own, gone at the end unless they have been renamed.
+class TemporaryFiles {
  public:
-  explicit TemporaryFile(const fs::path& target) {
+  TemporaryFiles() = default;
+  ~TemporaryFiles() {
+    std::error_code error;
+    for (const std::string& path : paths_) fs::remove(ToPath(path), error);
+  }
+  TemporaryFiles(const TemporaryFiles&) = delete;
+  TemporaryFiles& operator=(const TemporaryFiles&) = delete;
+
+  void Write(const WholeFile& file) {
+    const fs::path target = ToPath(file.path);
     std::string name = FromPath(target.filename());
     name.insert(0, 1, '.').append(".").append(std::to_string(ProcessNumber())).append(".tmp");
-    path_ = target.parent_path() / ToPath(name);
-  }
-  ~TemporaryFile() {
-    std::error_code error;
-    if (is_there_) fs::remove(path_, error);
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-  /// False with `errno` set if the system refuses.
-  bool Write(std::string_view content) {
+    const fs::path path = target.parent_path() / ToPath(name);
     std::ofstream stream;
     stream.rdbuf()->pubsetbuf(nullptr, 0);
     errno = 0;
-    stream.open(path_, std::ios::binary | std::ios::trunc);
-    is_there_ = stream.is_open();
-    stream.write(content.data(), static_cast<std::streamsize>(content.size()));
+    stream.open(path, std::ios::binary | std::ios::trunc);
+    if (!stream) FailByErrno(file);
+    paths_.push_back(FromPath(path));
+    stream.write(file.content.data(), static_cast<std::streamsize>(file.content.size()));
     stream.close();
-    return !stream.fail() && SyncFile(FromPath(path_));
+    if (stream.fail()) FailByErrno(file);
   }
 
-  std::error_code RenameTo(const fs::path& target) {
-    std::error_code error;
-    fs::rename(path_, target, error);
-    if (!error) is_there_ = false;
-    return error;
+  void RenameTo(const std::vector<WholeFile>& files) {
+    errno = 0;
+    const std::size_t unsynced = SyncFiles(paths_);
+    if (unsynced < files.size()) FailByErrno(files[unsynced]);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+      std::error_code error;
+      fs::rename(ToPath(paths_[i]), ToPath(files[i].path), error);
+      if (error) Fail(files[i], error);
+    }
+    paths_.clear();
   }
 
  private:
-  fs::path path_;
-  bool is_there_ = false;
+  std::vector<std::string> paths_;
 };
 
 }  // namespace
 
-void WriteWholeFile(const std::string& path, std::string_view content) {
-  TemporaryFile file(ToPath(path));
-  if (!file.Write(content)) {
-    const std::string reason = errno != 0 ? ": " + std::generic_category().message(errno) : "";
-    throw FatalIoError(path + ": cannot be written" + reason);
-  }
-  if (const std::error_code error = file.RenameTo(ToPath(path)))
-    throw FatalIoError(path + ": cannot be written: " + error.default_error_condition().message());
+void WriteWholeFiles(const std::vector<WholeFile>& files) {
+  TemporaryFiles temporary;
+  for (const WholeFile& file : files) temporary.Write(file);
+  temporary.RenameTo(files);
 }
 
 }  // namespace talven

@@ -1,22 +1,25 @@
 // Files that are there whole or not at all.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "textio/TextOutput.h"
-
 namespace talven {
 
-/// Writes a text into a file that takes its name only when all of it has reached the disk: until then it lies in the
-/// same folder under a hidden name with the number of this process. Throws FatalIoError, and nothing is left then.
-void WriteWholeFile(const std::string& path, std::string_view content);
+/// A file to be written: its path, and a text that outlives the writing.
+struct WholeFile {
+  std::string path;
+  std::string_view content;
+};
 
-/// Has the system put a file that was written onto its disk, so that it is whole after a power failure too; false if
-/// it can't.
-bool SyncFile(const std::string& path);
+/// Writes files that take their names only when all of them have reached the disk: until then they lie in the same
+/// folders under hidden names with the number of this process. Throws FatalIoError, and no hidden file is left then.
+void WriteWholeFiles(const std::vector<WholeFile>& files);
+
+/// Has the system put files that were written onto its disk, so that they are whole after a power failure too. Gives
+/// the place of one for which it can't, or their number.
+std::size_t SyncFiles(const std::vector<std::string>& paths);
 /// The number of this process.
 long ProcessNumber();
 

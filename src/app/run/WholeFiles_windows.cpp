@@ -6,6 +6,7 @@
 #include "textio/FileNames.h"
 
 namespace talven {
+namespace {
 
 bool SyncFile(const std::string& path) {
   const HANDLE file =
@@ -13,6 +14,14 @@ bool SyncFile(const std::string& path) {
   if (file == INVALID_HANDLE_VALUE) return false;
   const bool is_synced = FlushFileBuffers(file) != 0;
   return CloseHandle(file) != 0 && is_synced;
+}
+
+}  // namespace
+
+std::size_t SyncFiles(const std::vector<std::string>& paths) {
+  for (std::size_t i = 0; i < paths.size(); ++i)
+    if (!SyncFile(paths[i])) return i;
+  return paths.size();
 }
 
 long ProcessNumber() {

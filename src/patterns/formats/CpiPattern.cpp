@@ -41,6 +41,7 @@ Head ReadHead(TextInput& cpi, Pattern& pattern) {
 }
 
 void ReadCounts(TextInput& cpi, Pattern& pattern) {
+  pattern.counts.reserve(cpi.Content().size() / 2);
   for (std::string_view line; cpi.ReadLine(line);)
     for (std::string_view word = NextWord(line); !word.empty(); word = NextWord(line)) {
       const auto count = ReadReal<double>(word);

@@ -86,6 +86,15 @@ std::size_t ChooseScan(std::string_view name, std::size_t scan_count, const Patt
   return static_cast<std::size_t>(file.scan - 1);
 }
 
+void ReservePoints(std::size_t most, Pattern& pattern) {
+  pattern.two_theta.reserve(most);
+  pattern.counts.reserve(most);
+}
+
+void NoticeCutText(std::string_view text, PatternFile& file) {
+  if (!text.ends_with('\n')) file.notices.emplace_back("The last line has no end; the file may have been cut short.");
+}
+
 void SetEvenAngles(std::string_view name, double first, double step, Pattern& pattern) {
   if (!std::isfinite(step) || step == 0.0) FailInFile(name, "a step that is not 0", NumberText(step));
   pattern.two_theta.resize(pattern.PointCount());

@@ -15,6 +15,12 @@ namespace talven {
 std::size_t ChooseScan(std::string_view name, std::size_t scan_count, const PatternReadOptions& options,
                        PatternFile& file);
 
+/// Makes room for so many points, so that growing never needs more memory than they do.
+void ReservePoints(std::size_t most, Pattern& pattern);
+
+/// Adds a notice where the last line of a text without a count of its points has no end, as in a file cut short.
+void NoticeCutText(std::string_view text, PatternFile& file);
+
 /// Sets the angles of as many points as there are counts, and the step. Throws FatalIoError for a step of 0.
 void SetEvenAngles(std::string_view name, double first, double step, Pattern& pattern);
 /// The same between two angles. With fewer than two points the step is not known.

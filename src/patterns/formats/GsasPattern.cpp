@@ -117,6 +117,7 @@ PatternFile ReadGsas(TextInput& gsas, const PatternReadOptions& options) {
     }
   }
   const Bank bank = ReadBank(gsas, line);
+  ReservePoints(gsas.Content().size() / 2, file.pattern);
   if (bank.type == "fxye" || bank.type == "fxy") {
     ReadColumns(gsas, bank, bank.type == "fxye", file.pattern);
   } else if (bank.type == "std" || bank.type == "esd") {

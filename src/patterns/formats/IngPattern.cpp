@@ -13,6 +13,8 @@ namespace talven {
 namespace {
 
 constexpr std::size_t kHeadLines = 7;
+/// "1 2" and the end of its line.
+constexpr std::size_t kShortestRow = 4;
 /// Writers of ING heads count points by dropped fractions, and come out up to so many beside the rows.
 constexpr double kMiscount = 2.0;
 /// Half of the last decimal of a row, and a trace for its stored form.
@@ -90,7 +92,8 @@ bool StandsFor(const std::vector<double>& rows, double first, double step) {
 /// Rows with two decimals cannot show a step of 0.015: the angles are then those that the rows are rounded from.
 void UnroundAngles(const TextInput& ing, const Head& head, Pattern& pattern) {
   const std::vector<double>& rows = pattern.two_theta;
-  if (rows.size() < 2) return;
+  const auto has_two_decimals = [](double a) { return std::abs(a * 100.0 - std::round(a * 100.0)) < 1e-7; };
+  if (rows.size() < 2 || !std::ranges::all_of(rows, has_two_decimals)) return;
   const double mean = (rows.back() - rows.front()) / static_cast<double>(rows.size() - 1);
   if (StandsFor(rows, head.first, head.step)) {
     SetEvenAngles(ing.Name(), head.first, head.step, pattern);
@@ -118,6 +121,8 @@ PatternFile ReadIng(TextInput& ing) {
   Pattern& pattern = file.pattern;
   const Head head = ReadHead(ing, pattern);
   std::vector<std::uint32_t> lines;
+  ReservePoints(ing.Content().size() / kShortestRow, pattern);
+  lines.reserve(ing.Content().size() / kShortestRow);
   for (std::string_view line; ing.ReadLine(line);) {
     if (TrimSpace(line).empty()) continue;
     TakeRow(ing, line, pattern);
@@ -135,9 +140,11 @@ PatternFile ReadIng(TextInput& ing) {
 }
 
 void WriteIng(const Pattern& pattern, const std::string& title, TextOutput& output) {
+  const double first = pattern.two_theta.front();
+  const double last = pattern.two_theta.back();
+  const double step = pattern.step.value_or((last - first) / static_cast<double>(pattern.PointCount() - 1));
   output.WriteLine(title);
-  for (const double value : {*pattern.wavelength, pattern.two_theta.front(), pattern.two_theta.back(), *pattern.step,
-                             pattern.step_time.value_or(0.0)})
+  for (const double value : {*pattern.wavelength, first, last, step, pattern.step_time.value_or(0.0)})
     output.WriteLine(' ' + AlignRight(AngleText(value), 10));
   output.WriteLine(' ' + AlignRight(std::to_string(pattern.PointCount()), 10));
   auto reflection = pattern.reflections.begin();

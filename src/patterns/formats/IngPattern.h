@@ -28,7 +28,7 @@ bool LooksLikeIng(std::string_view text);
 /// Throws FatalIoError for a head or row that cannot be read, and for fewer or more rows than the head tells.
 PatternFile ReadIng(TextInput& input);
 
-/// The pattern has a wavelength and a step.
+/// The pattern has a wavelength. Where its angles keep no step the head has the mean one; the rows tell the angles.
 void WriteIng(const Pattern& pattern, const std::string& title, TextOutput& output);
 
 }  // namespace talven

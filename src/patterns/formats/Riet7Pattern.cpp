@@ -17,6 +17,8 @@ namespace {
 constexpr std::size_t kMostTitles = 6;
 constexpr std::size_t kFieldWidth = 8;
 constexpr std::size_t kColumns = 10;
+/// Degrees; no table is coarser.
+constexpr double kLargestStep = 5.0;
 constexpr std::string_view kSimulatedTitle = "Mirade/Talven Shelx HKL to RIET7 DAT";
 /// Words of that title, and start, step and end.
 constexpr std::size_t kSimulatedHeadWords = 9;
@@ -41,7 +43,7 @@ std::optional<Range> FindRange(std::string_view line) {
   const Range range{value[0], value[1], value[2]};
   const double steps = (range.last - range.first) / range.step;
   const bool is_whole = std::abs(steps - std::round(steps)) <= 0.01 + 1e-5 * std::abs(steps);
-  if (!(steps >= 1.0) || !(steps < 1e9) || !is_whole || !(range.step > 0.0) || range.last > 180.0) return std::nullopt;
+  if (!(steps >= 1.0) || !(steps < 1e15) || !is_whole || !(range.step > 0.0) || range.last > 180.0) return std::nullopt;
   return range;
 }
 
@@ -109,9 +111,10 @@ bool LooksLikeRiet7(std::string_view text) {
   const std::vector<std::string_view> lines = FirstLines(text, kMostTitles + 2);
   const auto titles = CountTitles(lines);
   if (!titles) return false;
-  // A table of three columns may begin with numbers like these, but goes on with rows of three.
+  // A table of three columns may begin with numbers like these, but goes on with a row of three at the next angle.
   const std::string_view next = lines[*titles + 1];
-  return CountWords(next) != 3 || FindRange(lines[*titles])->PointCount() <= 3.0;
+  const double rise = LeadingNumber(next).value_or(0.0) - FindRange(lines[*titles])->first;
+  return CountWords(next) != 3 || rise <= 0.0 || rise > kLargestStep;
 }
 
 PatternFile ReadRiet7(TextInput& dat) {
@@ -127,7 +130,12 @@ PatternFile ReadRiet7(TextInput& dat) {
   }
   if (pattern.title == kSimulatedTitle && CountWords(dat.Content()) != count + kSimulatedHeadWords)
     RefuseSimulated(dat);
-  if (!ReadNumbers(dat, count, pattern.sigma)) pattern.sigma.clear();
+  if (!ReadNumbers(dat, count, pattern.sigma)) {
+    if (!pattern.sigma.empty())
+      file.notices.push_back("Only " + std::to_string(pattern.sigma.size()) +
+                             " numbers stand behind the counts: they were not taken as standard deviations.");
+    pattern.sigma.clear();
+  }
   SpreadAngles(dat.Name(), range.first, range.last, pattern);
   FinishPattern(dat.Name(), file);
   return file;

@@ -63,6 +63,7 @@ bool LooksLikeUnscramblerTable(std::string_view text) {
 PatternFile ReadUnscramblerTable(TextInput& input) {
   PatternFile file;
   file.format = "TXT";
+  ReservePoints(input.Content().size() / 2, file.pattern);
   for (std::string_view line; input.ReadLine(line);) {
     std::string_view rest = TrimSpace(line);
     while (!rest.empty()) TakeItem(input, NextItem(rest), file.pattern);

@@ -54,6 +54,7 @@ class UxdReader {
 
   PatternFile Read() {
     std::size_t ranges = 0;
+    ReservePoints(uxd_.Content().size() / 2, file_.pattern);
     for (;;) {
       const std::string_view line = uxd_.RequireLine("a range of points");
       if (!line.starts_with('_')) continue;
@@ -102,6 +103,7 @@ class UxdReader {
         TakeCounts(text);
       }
     }
+    NoticeCutText(uxd_.Content(), file_);
     if (!has_angles) SetAngles();
   }
 

@@ -13,6 +13,8 @@ namespace talven {
 namespace {
 
 constexpr std::size_t kMostColumns = 3;
+/// "1 2" and the end of its line.
+constexpr std::size_t kShortestRow = 4;
 
 constexpr bool IsDigit(char c) {
   return c >= '0' && c <= '9';
@@ -26,7 +28,13 @@ bool HasInnerComma(std::string_view word) {
 }
 
 bool IsRemark(std::string_view text) {
-  return std::string_view("#!;%'\"/*@_").find(text.front()) != std::string_view::npos || StartsWithNoCase(text, "rem");
+  return std::string_view("#!;%'\"/").find(text.front()) != std::string_view::npos || StartsWithNoCase(text, "rem");
+}
+
+/// A remark without what makes it one.
+std::string_view RemarkText(std::string_view text) {
+  if (StartsWithNoCase(text, "rem ")) text.remove_prefix(3);
+  return TrimSpace(text.substr(std::min(text.find_first_not_of("#!;%'\"/* \t"), text.size())));
 }
 
 /// Reads the rows of one table.
@@ -35,22 +43,17 @@ class TableReader {
   explicit TableReader(TextInput& input) : input_(input) {}
 
   PatternFile Read() {
-    Reserve();
+    ReservePoints(input_.Content().size() / kShortestRow, file_.pattern);
+    lines_.reserve(input_.Content().size() / kShortestRow);
     for (std::string_view line; input_.ReadLine(line);) TakeLine(TrimSpace(line));
     if (file_.pattern.counts.empty()) FailInFile(input_.Name(), "a pattern in a known format", "none");
+    NoticeCutText(input_.Content(), file_);
     file_.format = columns_ == 3 ? "XYE" : "XY";
     FinishPattern(input_.Name(), file_, lines_);
     return std::move(file_);
   }
 
  private:
-  void Reserve() {
-    const auto line_count = static_cast<std::size_t>(std::ranges::count(input_.Content(), '\n')) + 1;
-    file_.pattern.two_theta.reserve(line_count);
-    file_.pattern.counts.reserve(line_count);
-    lines_.reserve(line_count);
-  }
-
   void TakeLine(std::string_view text) {
     if (text.empty()) return;
     if (in_comment_ || text.starts_with("/*")) {
@@ -68,7 +71,7 @@ class TableReader {
     TakeRemarkedWavelength(text, input_.LineNumber(), file_);
     const bool is_column_head = FindNoCase(text, "theta") != std::string_view::npos;
     if (file_.pattern.title.empty() && columns_ == 0 && !is_column_head && text.find('=') == std::string_view::npos)
-      file_.pattern.title = TrimSpace(text.substr(std::min(text.find_first_not_of("#!;%'\"/* \t"), text.size())));
+      file_.pattern.title = RemarkText(text);
   }
 
   /// False if the line does not consist of numbers.

@@ -1,4 +1,4 @@
-// The dialect of ING (see IngHeader.h) in which the simulator writes: each point may be followed by the indices of a
+// The dialect of ING (see IngFile.h) in which the simulator writes: each point may be followed by the indices of a
 // reflection.
 //
 //     ABC (Talven)                    title

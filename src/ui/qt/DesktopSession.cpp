@@ -1,14 +1,14 @@
 #include "ui/qt/DesktopSession.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
-#include <string>
+#include <thread>
 
 #include "ui/Toolkit.h"
 #include "ui/qt/AppIcon.h"
-#include "ui/qt/MessageDialog.h"
 
 namespace talven {
 namespace {
@@ -35,9 +35,16 @@ DesktopSession::DesktopSession(char** argv) {
 
 DesktopSession::~DesktopSession() = default;
 
-void ShowFatalError(std::string_view text) {
-  std::fprintf(stderr, "fatal I/O error: %s\n", std::string(text).c_str());
-  MessageDialog({.icon = MessageIcon::kStop, .text = text, .title = "TALVEN"}, nullptr).exec();
+int RunSession(const std::function<int()>& session) {
+  int exit_code = 0;
+  QEventLoop loop;
+  std::thread thread([&] {
+    exit_code = session();
+    QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+  });
+  loop.exec();
+  thread.join();
+  return exit_code;
 }
 
 }  // namespace talven

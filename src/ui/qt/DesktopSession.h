@@ -1,8 +1,8 @@
 // What has to be there before a window can be: the connection to the window system.
 #pragma once
 
+#include <functional>
 #include <memory>
-#include <string_view>
 
 class QApplication;
 
@@ -21,7 +21,7 @@ class DesktopSession {
   std::unique_ptr<QApplication> application_;
 };
 
-/// Shows an error that ends the process, until it was read.
-void ShowFatalError(std::string_view text);
+/// Runs a session in a thread of its own while the window is served here, and gives what it returns. It must not throw.
+int RunSession(const std::function<int()>& session);
 
 }  // namespace talven

@@ -3,107 +3,80 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QToolTip>
+#include <algorithm>
+#include <utility>
 
-#include "ui/qt/IntegerSpinBox.h"
+#include "ui/qt/FieldWidgets.h"
+#include "ui/qt/FormRows.h"
+#include "ui/qt/NameCompleter.h"
 #include "ui/qt/QtText.h"
+#include "ui/qt/UnusedFields.h"
 
 namespace talven {
 namespace {
 
 constexpr int kFirstFormNumber = 100;
 
-/// Pixels that a widget needs to show its caption and frame whole; 0 where any size will do.
-QSize NeededSize(const QWidget& widget) {
-  const QSize hint = widget.sizeHint();
-  if (qobject_cast<const QLineEdit*>(&widget) != nullptr) return {0, hint.height()};
-  if (qobject_cast<const QPushButton*>(&widget) != nullptr || qobject_cast<const QGroupBox*>(&widget) != nullptr)
-    return widget.minimumSizeHint().boundedTo({0, hint.height()});
-  return hint;
-}
-
 }  // namespace
 
 FormDialog::FormDialog(FormState& form, std::function<void()> beep, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), form_(form), beep_(std::move(beep)) {
+    : QDialog(parent, parent != nullptr ? Qt::Widget : Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      form_(form),
+      beep_(std::move(beep)),
+      note_(new RefusalNote(parent != nullptr ? parent : this)) {
   setObjectName(QString::number(form.Spec().id));
   setWindowTitle(QString::number(form.Spec().id - kFirstFormNumber));
-  setWindowFlag(Qt::WindowCloseButtonHint, HasExit());
+  setAccessibleName("Form " + windowTitle());
+  setWindowFlag(Qt::WindowCloseButtonHint, parent == nullptr && HasExit());
   for (const FormState::Field& field : form.Fields()) {
-    QWidget* const widget = MakeField(field);
-    widget->setObjectName(QString::number(field.spec->id));
-    widget->setEnabled(field.is_enabled);
-    widget->installEventFilter(this);
+    MakeFieldWidget(form.Spec().id, field, this)->installEventFilter(this);
+    ConnectField(field);
   }
   for (const FormState::Field& field : form.Fields())
     if (field.spec->begins_group) GroupRadios(*field.spec);
   PlaceFields();
-  FocusFirstField();
+  ShowUnused();
+  TakeFocus();
   connect(qApp, &QApplication::focusChanged, this, &FormDialog::FollowFocus);
 }
 
 FormDialog::~FormDialog() {
   // The focus still moves while the base class takes the fields away.
   disconnect(qApp, nullptr, this, nullptr);
+  delete note_;
 }
 
-QWidget* FormDialog::MakeField(const FormState::Field& field) {
+void FormDialog::ConnectField(const FormState::Field& field) {
   const FieldSpec& spec = *field.spec;
-  switch (spec.kind) {
-    case FieldKind::kGroupBox: {
-      auto* const box = new QGroupBox(ToQString(spec.text), this);
-      box->lower();
-      return box;
-    }
-    case FieldKind::kButton:
-      return MakeButton(spec);
-    case FieldKind::kCheck:
-      return MakeCheck(field);
-    case FieldKind::kRadio:
-      return MakeRadio(field);
-    case FieldKind::kEdit:
-    case FieldKind::kRealEdit:
-    case FieldKind::kIntegerEdit:
-      return MakeEdit(field);
-    case FieldKind::kIntegerSpin:
-      return MakeSpin(field);
-    case FieldKind::kStatic:
-      break;
-  }
-  auto* const label = new QLabel(ToQString(spec.text), this);
-  label->setTextFormat(Qt::PlainText);
-  label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  return label;
-}
-
-QWidget* FormDialog::MakeButton(const FieldSpec& spec) {
-  auto* const button = new QPushButton(ToQString(spec.text), this);
-  button->setDefault(spec.id == kOkButton);
   const int id = spec.id;
-  connect(button, &QPushButton::clicked, this, [this, id] { Press(id); });
-  return button;
+  QWidget* const widget = Widget(id);
+  if (auto* const button = qobject_cast<QPushButton*>(widget))
+    connect(button, &QPushButton::clicked, this, [this, id] { Press(id); });
+  if (auto* const box = qobject_cast<QCheckBox*>(widget))
+    connect(box, &QCheckBox::toggled, this, [this, id](bool is_set) {
+      form_.SetCheck(id, is_set);
+      ShowUnused();
+    });
+  QLineEdit* const edit = EditIn(widget);
+  if (edit == nullptr) return;
+  if (edit != widget) edit->installEventFilter(this);
+  if (edit != widget) edit->setAccessibleName(widget->accessibleName());
+  if (IsNumeric(spec.kind)) return ConnectNumber(id, edit);
+  connect(edit, &QLineEdit::textChanged, this,
+          [this, id](const QString& text) { form_.EditText(id, FromQString(text)); });
 }
 
-QWidget* FormDialog::MakeCheck(const FormState::Field& field) {
-  auto* const box = new QCheckBox(ToQString(field.spec->text), this);
-  box->setChecked(field.is_set);
-  const int id = field.spec->id;
-  connect(box, &QCheckBox::toggled, this, [this, id](bool is_set) { form_.SetCheck(id, is_set); });
-  return box;
-}
-
-QWidget* FormDialog::MakeRadio(const FormState::Field& field) {
-  auto* const button = new QRadioButton(ToQString(field.spec->text), this);
-  button->setAutoExclusive(false);
-  button->setChecked(field.is_set);
-  return button;
+void FormDialog::ConnectNumber(int id, QLineEdit* edit) {
+  connect(edit, &QLineEdit::textChanged, this, [this, id] {
+    touched_.insert(id);
+    TakeBackRefusal();
+  });
+  connect(edit, &QLineEdit::inputRejected, this, [this] { beep_(); });
 }
 
 void FormDialog::GroupRadios(const FieldSpec& first) {
@@ -117,42 +90,14 @@ void FormDialog::GroupRadios(const FieldSpec& first) {
   }
   const int first_id = first.id;
   connect(group, &QButtonGroup::idToggled, this, [this, first_id](int chosen, bool is_set) {
-    if (is_set) form_.ChooseRadio(first_id, chosen);
+    if (!is_set) return;
+    form_.ChooseRadio(first_id, chosen);
+    ShowUnused();
   });
 }
 
-QWidget* FormDialog::MakeEdit(const FormState::Field& field) {
-  auto* const edit = new QLineEdit(ToQString(field.text), this);
-  const FieldSpec& spec = *field.spec;
-  edit->setAccessibleName(ToQString(spec.label));
-  if (spec.kind == FieldKind::kIntegerEdit) edit->setValidator(new IntegerKeys(edit));
-  if (IsNumeric(spec.kind)) {
-    SetUpNumber(field, edit, edit);
-  } else {
-    const int id = spec.id;
-    connect(edit, &QLineEdit::textEdited, this,
-            [this, id](const QString& text) { form_.EditText(id, FromQString(text)); });
-  }
-  return edit;
-}
-
-QWidget* FormDialog::MakeSpin(const FormState::Field& field) {
-  auto* const spin = new IntegerSpinBox(field.spec->range, this);
-  spin->lineEdit()->setText(ToQString(field.text));
-  spin->lineEdit()->installEventFilter(this);
-  SetUpNumber(field, spin, spin->lineEdit());
-  return spin;
-}
-
-void FormDialog::SetUpNumber(const FormState::Field& field, QWidget* widget, QLineEdit* edit) {
-  const FieldSpec& spec = *field.spec;
-  const QString range = ToQString(DescribeRange(spec.range));
-  widget->setAccessibleName(ToQString(spec.label));
-  widget->setAccessibleDescription(range);
-  widget->setToolTip(range);
-  const int id = spec.id;
-  connect(edit, &QLineEdit::textChanged, this, [this, id] { touched_.insert(id); });
-  connect(edit, &QLineEdit::inputRejected, this, [this] { beep_(); });
+void FormDialog::OfferTexts(int id, const QStringList& texts) {
+  OfferNames(*EditIn(Widget(id)), texts, [this] { Press(kOkButton); });
 }
 
 DialogUnits FormDialog::FittingUnits() const {
@@ -172,19 +117,56 @@ DialogUnits FormDialog::FittingUnits() const {
 
 void FormDialog::PlaceFields() {
   const DialogUnits units = FittingUnits();
-  for (const FormState::Field& field : form_.Fields())
-    Widget(field.spec->id)->setGeometry(units.Place(field.spec->geometry));
+  const std::vector<Geometry> places = LevelRows(form_.Spec());
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    QWidget* const widget = Widget(form_.Spec().fields[i].id);
+    QRect place = units.Place(places[i]);
+    // A caption is written as high as the box beside it, so that their texts share one line.
+    const bool is_caption = form_.Spec().fields[i].kind == FieldKind::kStatic;
+    if (is_caption) place.adjust(0, -1, 0, 1);
+    widget->setGeometry(place);
+  }
   setFixedSize(units.Size(form_.Spec().width, form_.Spec().height));
 }
 
-void FormDialog::FocusFirstField() {
-  for (const FormState::Field& field : form_.Fields()) {
-    QWidget* const widget = Widget(field.spec->id);
-    if (!field.is_enabled || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
-    widget->setFocus(Qt::TabFocusReason);
-    if (QLineEdit* const edit = EditOf(field)) edit->selectAll();
-    return;
+void FormDialog::ShowUnused() {
+  for (const FieldUse& use : DependentFields(form_))
+    if (form_.Find(use.field)->is_enabled) LookUnused(*Widget(use.field), !use.is_used);
+}
+
+std::vector<QWidget*> FormDialog::TabStops() const {
+  std::vector<QWidget*> stops;
+  for (const std::size_t i : ReadingOrder(form_.Spec())) {
+    QWidget* const widget = Widget(form_.Spec().fields[i].id);
+    if (widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0) stops.push_back(widget);
   }
+  return stops;
+}
+
+void FormDialog::TakeFocus() {
+  QWidget* target = focusWidget();
+  if (FieldOf(target) == nullptr) {
+    const std::vector<QWidget*> stops = TabStops();
+    if (stops.empty()) return;
+    target = stops.front();
+    if (QLineEdit* const edit = EditIn(target)) edit->selectAll();
+  }
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  target->setFocus(Qt::TabFocusReason);
+}
+
+bool FormDialog::focusNextPrevChild(bool next) {
+  const std::vector<QWidget*> stops = TabStops();
+  const FormState::Field* const field = FieldOf(focusWidget());
+  if (stops.empty() || field == nullptr) return QDialog::focusNextPrevChild(next);
+  const auto here = std::ranges::find(stops, Widget(field->spec->id)) - stops.begin();
+  const auto count = static_cast<std::ptrdiff_t>(stops.size());
+  const auto there = here == count ? 0 : (here + (next ? 1 : count - 1)) % count;
+  QWidget* const target = stops[static_cast<std::size_t>(there)];
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  if (QLineEdit* const edit = EditIn(target)) edit->selectAll();
+  target->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
 }
 
 QWidget* FormDialog::Widget(int id) const {
@@ -197,9 +179,7 @@ const FormState::Field* FormDialog::FieldOf(const QWidget* widget) const {
 }
 
 QLineEdit* FormDialog::EditOf(const FormState::Field& field) const {
-  QWidget* const widget = Widget(field.spec->id);
-  if (auto* const spin = dynamic_cast<IntegerSpinBox*>(widget)) return spin->lineEdit();
-  return qobject_cast<QLineEdit*>(widget);
+  return EditIn(Widget(field.spec->id));
 }
 
 bool FormDialog::IsValid(const FormState::Field& field) const {
@@ -212,38 +192,85 @@ bool FormDialog::IsValid(const FormState::Field& field) const {
 
 bool FormDialog::Leave(const FormState::Field& field) {
   if (!IsNumeric(field.spec->kind)) return true;
+  const int id = field.spec->id;
   QLineEdit* const edit = EditOf(field);
+  const std::string text = FromQString(edit->text());
   if (IsValid(field)) {
-    if (touched_.contains(field.spec->id)) form_.EditText(field.spec->id, FromQString(edit->text()));
+    if (touched_.contains(id)) form_.EditText(id, text);
     return true;
   }
   beep_();
   going_back_ = true;
-  Widget(field.spec->id)->setFocus();
+  Widget(id)->setFocus();
   going_back_ = false;
   edit->selectAll();
-  QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())), Widget(field.spec->id)->toolTip(), edit);
+  emit FieldToBeSeen(Widget(id));
+  const QString said = RefusalText(edit->text(), ToQString(form_.Refusal(id, text).value_or("")));
+  LookRefused(*Widget(id), true);
+  note_->ShowBeside(*Widget(id), said);
   return false;
 }
 
-void FormDialog::FollowFocus(const QWidget* from, const QWidget* to) {
-  if (going_back_) return;
-  const FormState::Field* const left = FieldOf(from);
-  const FormState::Field* const entered = FieldOf(to);
-  if (left != nullptr && entered != nullptr && left != entered) Leave(*left);
+void FormDialog::TakeBackRefusal() {
+  if (note_->isHidden()) return;
+  note_->hide();
+  for (const int id : touched_) LookRefused(*Widget(id), false);
+  ShowUnused();
 }
 
-bool FormDialog::PressesDefault(QObject* watched, QEvent* event) {
-  if (event->type() != QEvent::KeyPress || qobject_cast<QPushButton*>(watched) != nullptr) return false;
+void FormDialog::FollowFocus(const QWidget* /*from*/, const QWidget* to) {
+  if (going_back_) return;
+  const FormState::Field* const entered = FieldOf(to);
+  if (entered == nullptr) return;
+  emit FieldToBeSeen(Widget(entered->spec->id));
+  // The focus may have been elsewhere in the window in between.
+  const FormState::Field* const left = form_.Find(std::exchange(focused_, entered->spec->id));
+  if (left != nullptr && left != entered && !Leave(*left)) focused_ = left->spec->id;
+}
+
+bool FormDialog::MovesInGroup(const FormState::Field& field, int key) {
+  Direction direction = Direction::kDown;
+  switch (key) {
+    case Qt::Key_Up:
+      direction = Direction::kUp;
+      break;
+    case Qt::Key_Down:
+      break;
+    case Qt::Key_Left:
+      direction = Direction::kLeft;
+      break;
+    case Qt::Key_Right:
+      direction = Direction::kRight;
+      break;
+    default:
+      return false;
+  }
+  for (const FormState::Field& first : form_.Fields()) {
+    if (!first.spec->begins_group) continue;
+    const std::vector<int> group = form_.RadioGroup(first.spec->id);
+    if (std::ranges::find(group, field.spec->id) == group.end()) continue;
+    auto* const target =
+        qobject_cast<QRadioButton*>(Widget(NeighbourInGroup(form_.Spec(), group, field.spec->id, direction)));
+    target->setChecked(true);
+    target->setFocus(Qt::TabFocusReason);
+    return true;
+  }
+  return false;
+}
+
+bool FormDialog::AnswersKey(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || qobject_cast<QAbstractButton*>(watched) == nullptr) return false;
   const int key = static_cast<QKeyEvent*>(event)->key();
-  return qobject_cast<QAbstractButton*>(watched) != nullptr && (key == Qt::Key_Return || key == Qt::Key_Enter);
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    auto* const button = qobject_cast<QPushButton*>(watched);
+    Press(button != nullptr ? button->objectName().toInt() : kOkButton);
+    return true;
+  }
+  return qobject_cast<QRadioButton*>(watched) != nullptr && MovesInGroup(*FieldOf(static_cast<QWidget*>(watched)), key);
 }
 
 bool FormDialog::eventFilter(QObject* watched, QEvent* event) {
-  if (PressesDefault(watched, event)) {
-    Press(kOkButton);
-    return true;
-  }
+  if (AnswersKey(watched, event)) return true;
   if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonDblClick)
     return QDialog::eventFilter(watched, event);
   const auto* const widget = qobject_cast<QWidget*>(watched);
@@ -264,6 +291,11 @@ void FormDialog::Press(int button) {
 
 void FormDialog::reject() {
   if (HasExit()) Press(kExitButton);
+}
+
+void FormDialog::FillAndEnd(int id, const QString& text) {
+  EditIn(Widget(id))->setText(text);
+  Press(kOkButton);
 }
 
 void FormDialog::EndAsItStands() {

@@ -1,31 +1,71 @@
-// The main window: a text pane, and the wish to leave.
+// The main window: texts, form and plot beside each other, a status line, and the wish to leave.
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 
-#include "ui/qt/PaneWidget.h"
+#include "ui/qt/Areas.h"
+#include "ui/qt/StatusLine.h"
+#include "ui/qt/WindowState.h"
 
 namespace talven {
 
-/// Closing it only asks for the end: the program comes to its end by the way of `EXIT`, which closes the window. A
-/// disabled window takes no such wish.
-class MainWindow : public QWidget {
+/// Closing it only asks for the end: the program comes to its end by the way of `EXIT`, which closes the window.
+///
+/// A plot is put in with SetPlot and told by PatternToShow which file to show: one that a run has written or read, or
+/// whose name the user has clicked. As long as there is no plot, such files are opened as texts when they are clicked.
+class MainWindow : public QMainWindow {
   Q_OBJECT
 
  public:
-  /// A size below 1 and a negative position are left to the font and the window system.
+  /// A size below 1 and a negative position are left to what is remembered, the font and the window system.
   MainWindow(const QString& title, QRect place);
+  ~MainWindow() override;
 
-  PaneWidget& Pane() { return *pane_; }
+  TextTabs& Texts() { return areas_->Texts(); }
+  PaneWidget& Pane() { return areas_->Texts().Pane(); }
+  StatusLine& Status() { return *status_; }
+  FormArea& Form() { return areas_->Form(); }
+  WindowState& State() { return state_; }
+
+  /// Takes over a widget as the plot.
+  void SetPlot(QWidget* plot) { areas_->Plot().SetPlot(plot); }
+  PlotArea& Plot() { return areas_->Plot(); }
+  /// Gives the form the room that it needs; to be called when another one is shown.
+  void FitForm() { areas_->FitForm(); }
+  /// Where a message box belongs.
+  QWidget* MessagePlace() { return areas_->MessagePlace(); }
+  /// Asks how a session that waits for a form is to end.
+  void AskHowToLeave() { areas_->Leave().Ask(); }
+  /// There is no form any more that the question is about.
+  void TakeBackQuestion() { areas_->Leave().hide(); }
 
  signals:
   void LeaveAsked();
+  /// The two answers to AskHowToLeave that end the session.
+  void FinishChosen();
+  void LeaveAtOnceChosen();
+  /// A file of a job was dropped on the window or chosen from its menu.
+  void JobFileChosen(const QString& path);
+  void PatternToShow(const QString& path);
+  /// The output of the last program is to be seen.
+  void OutputAsked();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
-  PaneWidget* pane_;
+  void MakeMenus();
+  void PlaceWindow(QRect place);
+  void OpenFile(const QString& path);
+  void OpenManual();
+  void ChooseJobFile();
+  void GoToNextArea();
+
+  WindowState state_;
+  Areas* areas_;
+  StatusLine* status_;
 };
 
 }  // namespace talven

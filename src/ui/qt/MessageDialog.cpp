@@ -1,68 +1,105 @@
 #include "ui/qt/MessageDialog.h"
 
+#include <QHBoxLayout>
 #include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 
 #include "ui/qt/QtText.h"
+#include "ui/qt/WrappedPath.h"
 
 namespace talven {
 namespace {
 
-QMessageBox::StandardButton StandardOf(std::string_view text) {
-  struct Entry {
-    std::string_view text;
-    QMessageBox::StandardButton button;
-  };
-  static constexpr std::array kEntries = {
-      Entry{"OK", QMessageBox::Ok},         Entry{"Cancel", QMessageBox::Cancel}, Entry{"Retry", QMessageBox::Retry},
-      Entry{"Yes", QMessageBox::Yes},       Entry{"No", QMessageBox::No},         Entry{"Abort", QMessageBox::Abort},
-      Entry{"Ignore", QMessageBox::Ignore},
-  };
-  return std::ranges::find(kEntries, text, &Entry::text)->button;
-}
+constexpr int kMargin = 12;
 
-QMessageBox::Icon IconOf(MessageIcon icon) {
+QStyle::StandardPixmap PixmapOf(MessageIcon icon) {
   switch (icon) {
     case MessageIcon::kStop:
-      return QMessageBox::Critical;
+      return QStyle::SP_MessageBoxCritical;
     case MessageIcon::kQuestion:
-      return QMessageBox::Question;
+      return QStyle::SP_MessageBoxQuestion;
     case MessageIcon::kExclamation:
-      return QMessageBox::Warning;
-    case MessageIcon::kInformation:
-      return QMessageBox::Information;
-    case MessageIcon::kNone:
-      break;
+      return QStyle::SP_MessageBoxWarning;
+    default:
+      return QStyle::SP_MessageBoxInformation;
   }
-  return QMessageBox::NoIcon;
+}
+
+QLabel* MakeIcon(MessageIcon icon, QWidget* parent) {
+  auto* const label = new QLabel(parent);
+  const int size = parent->style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+  label->setPixmap(parent->style()->standardIcon(PixmapOf(icon)).pixmap(size));
+  label->setObjectName("icon");
+  return label;
 }
 
 }  // namespace
 
-MessageDialog::MessageDialog(const Message& message, QWidget* parent)
-    : QMessageBox(parent), answers_(MessageButtons(message.type)) {
+MessageDialog::MessageDialog(const Message& message, const QString& underneath, QWidget* parent)
+    : QDialog(parent, parent != nullptr ? Qt::Widget : Qt::Dialog), answers_(MessageButtons(message.type)) {
   setObjectName("message");
-  setIcon(IconOf(message.icon));
   setWindowTitle(ToQString(message.title));
-  setTextFormat(Qt::PlainText);
-  setText(ToQString(message.text).replace('\r', '\n'));
-  setTextInteractionFlags(Qt::TextSelectableByMouse);
+  setAccessibleName("Message");
+  text_ = new QLabel(ToQString(message.text).replace('\r', '\n'), this);
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  layout->setSpacing(kMargin);
+  if (!windowTitle().trimmed().isEmpty() && parent != nullptr) layout->addWidget(new QLabel(windowTitle(), this));
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(kMargin);
+  if (message.icon != MessageIcon::kNone) row->addWidget(MakeIcon(message.icon, this), 0, Qt::AlignTop);
+  row->addWidget(MakeTexts(underneath), 1);
+  layout->addLayout(row);
+  layout->addWidget(MakeButtons(message.default_button));
+}
+
+QWidget* MessageDialog::MakeTexts(const QString& underneath) {
+  auto* const texts = new QWidget(this);
+  auto* const layout = new QVBoxLayout(texts);
+  layout->setContentsMargins(0, 0, 0, 0);
+  text_->setTextFormat(Qt::PlainText);
+  text_->setWordWrap(true);
+  text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  const QFontMetrics metrics(font());
+  int widest = 0;
+  for (const QString& line : text_->text().split('\n')) widest = std::max(widest, metrics.horizontalAdvance(line));
+  text_->setMinimumWidth(std::min(widest + 2, metrics.averageCharWidth() * 60));
+  setAccessibleDescription(text_->text() + ' ' + underneath);
+  layout->addWidget(text_);
+  if (!underneath.isEmpty()) layout->addWidget(MakeWrappedPath(underneath, texts));
+  layout->addStretch(1);
+  return texts;
+}
+
+QWidget* MessageDialog::MakeButtons(int default_button) {
+  auto* const row = new QWidget(this);
+  auto* const layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addStretch(1);
   for (const MessageButton& answer : answers_) {
-    QPushButton* const button = addButton(StandardOf(answer.text));
-    button->setText(ToQString(answer.text));
+    auto* const button = new QPushButton(ToQString(answer.text), row);
+    connect(button, &QPushButton::clicked, this,
+            [this, number = static_cast<int>(buttons_.size())] { done(number + 1); });
+    layout->addWidget(button);
     buttons_.push_back(button);
   }
-  const auto last = buttons_.size();
-  const auto wanted = static_cast<std::size_t>(std::max(message.default_button, 1));
-  setDefaultButton(qobject_cast<QPushButton*>(buttons_[std::min(wanted, last) - 1]));
-  setEscapeButton(buttons_.back());
+  layout->addStretch(1);
+  const auto wanted = static_cast<std::size_t>(std::max(default_button, 1));
+  buttons_[std::min(wanted, buttons_.size()) - 1]->setDefault(true);
+  return row;
 }
 
 int MessageDialog::Answer() const {
-  for (std::size_t i = 0; i < buttons_.size(); ++i)
-    if (buttons_[i] == clickedButton()) return answers_[i].answer;
-  return answers_.back().answer;
+  const auto pressed = static_cast<std::size_t>(result());
+  return pressed == 0 ? answers_.back().answer : answers_[pressed - 1].answer;
+}
+
+void MessageDialog::TakeFocus() {
+  window()->setAttribute(Qt::WA_KeyboardFocusChange);
+  for (QPushButton* const button : buttons_)
+    if (button->isDefault()) button->setFocus(Qt::TabFocusReason);
 }
 
 }  // namespace talven

@@ -1,24 +1,35 @@
 // Message boxes.
 #pragma once
 
-#include <QMessageBox>
+#include <QDialog>
+#include <QLabel>
 #include <vector>
 
 #include "ui/Toolkit.h"
 
+class QPushButton;
+
 namespace talven {
 
-/// A message box with the type, icon and default button of a message. Escape presses its last button.
-class MessageDialog : public QMessageBox {
+/// A message box with the type, icon and default button of a message; a line may stand underneath. Escape presses its
+/// last button. With a parent it lies inside that widget, without one it is a window.
+class MessageDialog : public QDialog {
  public:
-  MessageDialog(const Message& message, QWidget* parent);
+  MessageDialog(const Message& message, const QString& underneath, QWidget* parent);
 
+  QString Text() const { return text_->text(); }
   /// The answer of the button that was pressed, or of the last one if the box was ended without.
   int Answer() const;
+  /// Gives the focus to the default button.
+  void TakeFocus();
 
  private:
+  QWidget* MakeTexts(const QString& underneath);
+  QWidget* MakeButtons(int default_button);
+
+  QLabel* text_;
   std::vector<MessageButton> answers_;
-  std::vector<QAbstractButton*> buttons_;
+  std::vector<QPushButton*> buttons_;
 };
 
 }  // namespace talven

@@ -17,6 +17,9 @@ namespace {
 constexpr double kColumns = 80.0;
 /// What a full line that begins at logical x = 5 leaves of the width.
 constexpr double kLineShare = 0.95;
+/// Logical distance of the lines of a page, which no font's line is higher than.
+constexpr double kLineStep = 7.0;
+constexpr double kSmallestPoints = 8.0;
 
 QString WithoutTrailingBlanks(QString text) {
   while (text.endsWith(QLatin1Char(' '))) text.chop(1);
@@ -34,6 +37,7 @@ PaneWidget::PaneWidget(QWidget* parent) : QWidget(parent) {
   setBackgroundRole(QPalette::Base);
   setAutoFillBackground(true);
   setContextMenuPolicy(Qt::ActionsContextMenu);
+  setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   AddAction("Copy", QKeySequence::Copy, &PaneWidget::Copy);
   AddAction("Select All", QKeySequence::SelectAll, &PaneWidget::SelectAll);
 }
@@ -106,18 +110,23 @@ void PaneWidget::CopySelection() const {
   if (!SelectedText().isEmpty()) QGuiApplication::clipboard()->setText(SelectedText());
 }
 
+double PaneWidget::LinePitch() const {
+  return std::floor(kLineStep / units_.height() * height());
+}
+
 QFont PaneWidget::PaneFont() const {
-  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  font.setStyleHint(QFont::Monospace);
+  QFont fitting = font();
+  fitting.setStyleHint(QFont::Monospace);
   const double widest = std::min(character_width_, kLineShare / kColumns) * width();
   // Whole pixels: letters are drawn at their hinted size and never stretched.
   int size = std::max(1, static_cast<int>(character_height_ * height()));
   for (; size > 1; --size) {
-    font.setPixelSize(size);
-    if (QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) <= widest) break;
+    fitting.setPixelSize(size);
+    const QFontMetricsF metrics(fitting);
+    if (metrics.horizontalAdvance(QLatin1Char('0')) <= widest && metrics.height() <= LinePitch()) break;
   }
-  font.setPixelSize(size);
-  return font;
+  fitting.setPixelSize(size);
+  return fitting;
 }
 
 QRectF PaneWidget::LineRect(const Line& line, const QFontMetricsF& metrics) const {
@@ -156,12 +165,28 @@ int PaneWidget::OffsetAt(QPointF point) const {
   return nearest->start + static_cast<int>(std::clamp(column, 0.0, static_cast<double>(nearest->text.size())));
 }
 
+QSize PaneWidget::PageFor(const QFont& font) const {
+  const QFontMetricsF metrics(font);
+  const double width = metrics.horizontalAdvance(QLatin1Char('0')) / std::min(character_width_, kLineShare / kColumns);
+  const double line = std::ceil(metrics.height()) * units_.height() / kLineStep;
+  const double letter = QFontInfo(font).pixelSize() / character_height_;
+  return {static_cast<int>(std::ceil(width)) + 1, static_cast<int>(std::ceil(std::max(line, letter))) + 1};
+}
+
+QSize PaneWidget::SmallestPage() const {
+  QFont small = font();
+  small.setPointSizeF(std::min(kSmallestPoints, small.pointSizeF()));
+  return PageFor(small);
+}
+
 QSize PaneWidget::sizeHint() const {
-  const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  const double column = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0'));
-  const double letter = QFontInfo(font).pixelSize();
-  return {static_cast<int>(std::ceil(column * kColumns / kLineShare)) + 1,
-          static_cast<int>(std::ceil(letter / character_height_))};
+  return PageFor(font());
+}
+
+QRect PaneWidget::LastLine() const {
+  if (lines_.empty()) return {};
+  const QRect line = LineRect(lines_.back(), QFontMetricsF(PaneFont())).toAlignedRect();
+  return {line.left(), line.top(), std::max(line.width(), 1), line.height()};
 }
 
 void PaneWidget::paintEvent(QPaintEvent* /*event*/) {

@@ -40,6 +40,11 @@ class PaneWidget : public QWidget {
   int OffsetAt(QPointF point) const;
   void CopySelection() const;
 
+  /// Where the line that was drawn last stands; empty for none.
+  QRect LastLine() const;
+
+  /// The size in which a page has letters of 8 points, the smallest that are read with ease.
+  QSize SmallestPage() const;
   QSize sizeHint() const override;
 
  protected:
@@ -60,10 +65,13 @@ class PaneWidget : public QWidget {
   void AddAction(const QString& text, QKeySequence::StandardKey key, void (PaneWidget::*action)());
   void SelectAll();
   void Copy() { CopySelection(); }
-  /// The font in which a full line fits the present size.
+  /// Whole pixels from one line to the next.
+  double LinePitch() const;
+  /// The widget's font in the size in which a full line fits the width and lines don't touch.
   QFont PaneFont() const;
   QRectF LineRect(const Line& line, const QFontMetricsF& metrics) const;
   int Length() const;
+  QSize PageFor(const QFont& font) const;
 
   QRectF units_{0.0, 0.0, 100.0, 300.0};
   double character_width_ = 0.012;

@@ -3,30 +3,44 @@
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QFileInfo>
+#include <QProcess>
 #include <QTimer>
 #include <cstdio>
 
-#include "ui/Process.h"
-#include "ui/qt/CommandWindow.h"
+#include "ui/forms/FormCatalogue.h"
+#include "ui/forms/FormFields.h"
 #include "ui/qt/FileSelector.h"
 #include "ui/qt/FormDialog.h"
+#include "ui/qt/GuiThread.h"
 #include "ui/qt/MainWindow.h"
 #include "ui/qt/MessageDialog.h"
+#include "ui/qt/OptionText.h"
+#include "ui/qt/OutputWindow.h"
+#include "ui/qt/Overlay.h"
 #include "ui/qt/QtText.h"
+#include "ui/qt/RunMemory.h"
 
 namespace talven {
 namespace {
 
-/// Paints what has changed while the logic goes on; what the user does waits.
-void PaintPending() {
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+void WaitFor(const QDialog& dialog) {
+  QEventLoop loop;
+  QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
+  loop.exec();
 }
 
 }  // namespace
 
-QtToolkit::QtToolkit(const std::vector<std::string>& arguments) : Toolkit(arguments) {}
+QtToolkit::QtToolkit(const std::vector<std::string>& arguments)
+    : Toolkit(arguments), output_(std::make_unique<OutputWindow>()), memory_(std::make_unique<RunMemory>()) {}
 
 QtToolkit::~QtToolkit() = default;
+
+void QtToolkit::StartWithFile(std::string_view path) {
+  const QFileInfo file(ToQString(path));
+  memory_->opened = OpenedFile{file.completeBaseName(), file.absolutePath()};
+}
 
 void QtToolkit::WSoundSwitch(std::string_view state) {
   is_sound_on_ = state == "ON";
@@ -36,102 +50,237 @@ void QtToolkit::Beep() const {
   if (is_sound_on_) QApplication::beep();
 }
 
-void QtToolkit::WindowOpen(const WindowRecord& window) {
-  window_ =
-      std::make_unique<MainWindow>(ToQString(window.title), QRect(window.x, window.y, window.width, window.height));
-  QObject::connect(window_.get(), &MainWindow::LeaveAsked, window_.get(), [this] { is_leaving_ = true; });
-  window_->show();
-  PaintPending();
+void QtToolkit::OpenWindow(const QString& title, const QRect& place) {
+  window_ = std::make_unique<MainWindow>(title, place);
+  MainWindow* const window = window_.get();
+  QObject::connect(window, &MainWindow::LeaveAsked, window, [this] { TakeLeaveWish(); });
+  QObject::connect(window, &MainWindow::FinishChosen, window, [this] {
+    is_leaving_ = true;
+    if (form_ != nullptr) form_->EndAsItStands();
+  });
+  QObject::connect(window, &MainWindow::LeaveAtOnceChosen, window, [this] {
+    is_left_at_once_ = true;
+    if (form_ != nullptr) form_->EndAsItStands();
+  });
+  QObject::connect(window, &MainWindow::JobFileChosen, window, [this](const QString& path) { TakeJobFile(path); });
+  QObject::connect(window, &MainWindow::OutputAsked, window, [this] { output_->Keep(); });
+  window->Status().SetFolder(QDir::currentPath());
+  if (when_opened_) when_opened_(*window);
+  window->show();
+  window->activateWindow();
+  ShowRunning();
+}
+
+void QtToolkit::WindowOpen(const WindowRecord& record) {
+  OnGui([&] { OpenWindow(ToQString(record.title), QRect(record.x, record.y, record.width, record.height)); });
 }
 
 void QtToolkit::WindowClose() {
-  shown_form_.reset();
-  window_.reset();
+  OnGui([&] {
+    shown_form_.reset();
+    window_.reset();
+  });
 }
 
 void QtToolkit::WGrTextFont(int /*selector*/, double width, double height, int /*mode*/) {
-  if (window_) window_->Pane().SetCharacterSize(width, height);
+  PostToGui([=, this] {
+    if (window_) window_->Pane().SetCharacterSize(width, height);
+  });
 }
 
 void QtToolkit::IGrUnits(double left, double bottom, double right, double top) {
-  if (window_) window_->Pane().SetUnits(left, bottom, right, top);
+  PostToGui([=, this] {
+    if (window_) window_->Pane().SetUnits(left, bottom, right, top);
+  });
 }
 
 void QtToolkit::WGrTextAt(float x, float y, std::string_view text) {
-  if (!window_) return;
-  window_->Pane().DrawTextAt(x, y, ToQString(text));
-  PaintPending();
+  PostToGui([=, this, line = ToQString(text)] {
+    if (window_) window_->Texts().DrawLine(x, y, line);
+  });
 }
 
 void QtToolkit::WGrAreaClear() {
-  if (window_) window_->Pane().Clear();
+  PostToGui([this] {
+    if (window_) window_->Pane().Clear();
+  });
 }
 
 void QtToolkit::IOsWait(int hundredths) {
   if (hundredths <= 0) return;
-  QEventLoop loop;
-  QTimer::singleShot(hundredths * 10, &loop, &QEventLoop::quit);
-  loop.exec();
-}
-
-std::optional<int> QtToolkit::IOsCommand(std::string_view command, int flags) {
-  const auto found = LookUp(command).command;
-  if (!found) return std::nullopt;
-  TellOfProgram("starting " + found->program + found->arguments);
-  if ((flags & kWait) == 0) return StartDetached(*found) ? std::optional(0) : std::nullopt;
-  if (window_) window_->setEnabled(false);
-  const auto exit_code = CommandWindow(*found, window_.get()).Run((flags & kHidden) != 0);
-  if (window_) window_->setEnabled(true);
-  return exit_code;
+  OnGui([&] {
+    QEventLoop loop;
+    QTimer::singleShot(hundredths * 10, &loop, &QEventLoop::quit);
+    loop.exec();
+  });
 }
 
 void QtToolkit::TellOfProgram(std::string_view line) {
   std::fprintf(stderr, "talven: %s\n", std::string(line).c_str());
 }
 
-void QtToolkit::RunDialog(QDialog& dialog) {
-  QEventLoop loop;
-  QObject::connect(&dialog, &QDialog::finished, &loop, &QEventLoop::quit);
-  dialog.show();
-  dialog.raise();
-  dialog.activateWindow();
-  loop.exec();
+void QtToolkit::JobSettled(std::string_view job) {
+  OnGui([&] {
+    memory_->job = ToQString(job);
+    if (!window_) return;
+    window_->State().RememberJob(memory_->job);
+    window_->Status().SetJob(memory_->job);
+  });
 }
 
-int QtToolkit::RunForm(FormState& form) {
+void QtToolkit::ShowRunning() {
+  if (window_) window_->Status().ShowRunning(memory_->running);
+}
+
+void QtToolkit::ShowWaiting(const QString& what) {
+  if (!window_) return;
+  window_->Status().SetFolder(QDir::currentPath());
+  window_->Status().ShowWaiting(what);
+  ShowFiles();
+}
+
+void QtToolkit::ShowFiles() {
+  const QStringList written = memory_->files.Written();
+  if (written.isEmpty()) return;
+  window_->Status().ShowFiles(written);
+  if (written.constFirst() == memory_->shown_pattern || !IsPatternFile(written.constFirst())) return;
+  memory_->shown_pattern = written.constFirst();
+  emit window_->PatternToShow(memory_->shown_pattern);
+}
+
+void QtToolkit::FollowOption(const FormState& options, int button) {
+  const RunOption option = OptionOf(options);
+  if (button != kOkButton && !option.is_comparison) return;
+  memory_->running = option.text;
+  memory_->files.Begin(QDir::currentPath(), memory_->job);
+  memory_->shown_pattern.clear();
+  if (!window_) return;
+  window_->Status().ShowRemark({});
+  const QString pattern = QDir::current().filePath(memory_->job + ".ING");
+  if (option.reads_pattern && QFileInfo::exists(pattern)) emit window_->PatternToShow(pattern);
+}
+
+bool QtToolkit::AnswersByFile(FormState& form) {
+  if (!memory_->opened || form.Spec().id != kJobNameForm) return false;
+  form.EditText(job_name_field::kJobName, FromQString(memory_->opened->job));
+  return !std::exchange(memory_->opened->has_named_job, true);
+}
+
+int QtToolkit::AskForm(FormState& form) {
+  QWidget* const place = window_ ? window_->Form().Page() : nullptr;
   FormDialog dialog(
-      form, [this] { Beep(); }, window_.get());
-  if (window_) QObject::connect(window_.get(), &MainWindow::LeaveAsked, &dialog, &FormDialog::EndAsItStands);
+      form, [this] { Beep(); }, place);
   if (is_leaving_) {
     dialog.EndAsItStands();
-  } else {
-    RunDialog(dialog);
+    return dialog.result();
   }
+  form_ = &dialog;
+  if (window_) {
+    if (form.Spec().id == kJobNameForm) dialog.OfferTexts(job_name_field::kJobName, window_->State().jobs);
+    window_->Form().Show(dialog);
+    window_->FitForm();
+    ShowWaiting("Form " + dialog.windowTitle() + " waits");
+  } else {
+    dialog.show();
+  }
+  dialog.TakeFocus();
+  WaitFor(dialog);
+  form_ = nullptr;
+  if (window_) window_->Form().Clear();
+  if (window_) window_->TakeBackQuestion();
   return dialog.result();
 }
 
+int QtToolkit::RunForm(FormState& form) {
+  const int button = OnGui([&] {
+    const int result = AnswersByFile(form) ? kOkButton : AskForm(form);
+    if (form.Spec().id == kOptionForm) FollowOption(form, result);
+    ShowRunning();
+    return result;
+  });
+  if (is_left_at_once_) throw LeftAtOnce();
+  return button;
+}
+
 void QtToolkit::ShowForm(const FormState& form) {
-  shown_state_ = form;
-  shown_form_ = std::make_unique<FormDialog>(
-      *shown_state_, [this] { Beep(); }, window_.get());
-  shown_form_->show();
+  OnGui([&] {
+    shown_state_ = form;
+    shown_form_ = std::make_unique<FormDialog>(
+        *shown_state_, [this] { Beep(); }, window_ ? window_->Form().Page() : nullptr);
+    if (!window_) return shown_form_->show();
+    window_->Form().Show(*shown_form_);
+    window_->FitForm();
+  });
 }
 
 void QtToolkit::HideForm(const FormState& form) {
-  if (shown_form_ && &shown_state_->Spec() == &form.Spec()) shown_form_.reset();
+  OnGui([&] {
+    if (!shown_form_ || &shown_state_->Spec() != &form.Spec()) return;
+    if (window_) window_->Form().Clear();
+    shown_form_.reset();
+  });
 }
 
-int QtToolkit::AskMessage(const Message& message) {
-  MessageDialog box(message, window_.get());
-  if (window_) QObject::connect(window_.get(), &MainWindow::LeaveAsked, &box, &QDialog::reject);
-  if (!is_leaving_ || message.type == MessageType::kOk) RunDialog(box);
+QString QtToolkit::MissingFile(std::string_view text) const {
+  // As in "HKL File NOT Found": the kind of file is its ending.
+  const std::string_view kind = text.substr(0, text.find(' '));
+  if (text.find(" NOT Found") == std::string_view::npos || kind.size() != 3) return {};
+  return QDir::toNativeSeparators(QDir::current().filePath(memory_->job + '.' + ToQString(kind)));
+}
+
+int QtToolkit::ShowMessage(const Message& message) {
+  QWidget* const place = window_ ? window_->MessagePlace() : nullptr;
+  MessageDialog box(message, MissingFile(message.text), place);
+  if (is_leaving_ && message.type != MessageType::kOk) return box.Answer();
+  std::optional<Overlay> overlay;
+  if (place != nullptr) overlay.emplace(&box, place);
+  box.show();
+  box_ = &box;
+  box.TakeFocus();
+  ShowWaiting("A message waits");
+  WaitFor(box);
+  box_ = nullptr;
+  ShowRunning();
   return box.Answer();
 }
 
+int QtToolkit::AskMessage(const Message& message) {
+  return OnGui([&] { return ShowMessage(message); });
+}
+
+void QtToolkit::TellFatalError(std::string_view text) {
+  std::fprintf(stderr, "fatal I/O error: %s\n", std::string(text).c_str());
+  AskMessage({.icon = MessageIcon::kStop, .text = text, .title = "TALVEN"});
+}
+
 std::optional<std::string> QtToolkit::AskFile(const FileRequest& request) {
-  if (is_leaving_) return std::nullopt;
-  const auto path = SelectFile({request.filter, request.proposed_name, request.title}, window_.get());
-  return path ? std::optional(FromQString(*path)) : std::nullopt;
+  return OnGui([&]() -> std::optional<std::string> {
+    if (is_leaving_) return std::nullopt;
+    if (const auto opened = std::exchange(memory_->opened, std::nullopt))
+      return FromQString(QDir(opened->folder).filePath(ToQString(request.proposed_name).trimmed()));
+    ShowWaiting("A file is to be chosen");
+    const auto path = SelectFile({request.filter, request.proposed_name, request.title}, window_.get());
+    if (window_) window_->activateWindow();
+    ShowRunning();
+    return path ? std::optional(FromQString(*path)) : std::nullopt;
+  });
+}
+
+void QtToolkit::TakeLeaveWish() {
+  if (form_ != nullptr && !form_->HasExit()) return window_->AskHowToLeave();
+  is_leaving_ = true;
+  if (form_ != nullptr) form_->EndAsItStands();
+  if (box_ != nullptr) box_->reject();
+}
+
+void QtToolkit::TakeJobFile(const QString& path) {
+  if (form_ != nullptr && form_->Spec().id == kJobNameForm) {
+    StartWithFile(FromQString(path));
+    memory_->opened->has_named_job = true;
+    return form_->FillAndEnd(job_name_field::kJobName, memory_->opened->job);
+  }
+  // A session has one job: another one gets a window of its own.
+  QProcess::startDetached(QCoreApplication::applicationFilePath(), {"--open", path});
 }
 
 }  // namespace talven

@@ -1,30 +1,50 @@
-// The toolkit of the desktop program: a main window with the text pane, forms and boxes in front of it.
+// The toolkit of the desktop program: a main window with pane, form and plot beside each other.
 //
-// Forms and message boxes leave the main window alive, so that its text can be copied and the window be closed while
-// they are open. A closed main window stands for the end of all answers, as the end of input does on a terminal: a form
-// ends by EXIT if it has that button, else by OK; a question gets its last button; no file is selected. A box that only
-// tells something is still shown.
+// The session may run in another thread than the window (see RunSession); every operation does its work in the thread
+// of the window. While a form or message box waits, the rest of the window can be used. A closed main window stands for
+// the end of all answers, as the end of input does on a terminal: a form ends by EXIT if it has that button, else by
+// OK; a question gets its last button; no file is selected. A box that only tells something is still shown. Only where
+// a form without EXIT waits, the user is asked first, and can leave at once.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "ui/Process.h"
 #include "ui/Toolkit.h"
+#include "ui/forms/FormState.h"
 
-class QDialog;
+class QRect;
+class QString;
 
 namespace talven {
 
 class FormDialog;
 class MainWindow;
+class MessageDialog;
+class OutputWindow;
+struct RunMemory;
+
+/// Thrown by a form when the user leaves at once.
+struct LeftAtOnce {};
 
 /// Needs a DesktopSession that lives longer.
 class QtToolkit : public Toolkit {
  public:
   explicit QtToolkit(const std::vector<std::string>& arguments);
   ~QtToolkit() override;
+
+  /// Called with every main window as soon as it is there: to put a plot in.
+  void WhenOpened(std::function<void(MainWindow&)> action) { when_opened_ = std::move(action); }
+  /// Answers the questions of a start by hand, job and folder, with those of a file.
+  void StartWithFile(std::string_view path);
+  /// Tells an error that ends the process, on standard error and until it was read.
+  void TellFatalError(std::string_view text);
+  /// Waits until the output of a program that went wrong has been closed.
+  void WaitForOutput();
 
   void WInitialise(std::string_view) override {}
   void WSoundSwitch(std::string_view state) override;
@@ -39,6 +59,7 @@ class QtToolkit : public Toolkit {
   void IOsWait(int hundredths) override;
   std::optional<int> IOsCommand(std::string_view command, int flags) override;
   void TellOfProgram(std::string_view line) override;
+  void JobSettled(std::string_view job) override;
 
  protected:
   int RunForm(FormState& form) override;
@@ -48,16 +69,41 @@ class QtToolkit : public Toolkit {
   std::optional<std::string> AskFile(const FileRequest& request) override;
 
  private:
-  /// Shows a dialog in front of the main window until it ends.
-  void RunDialog(QDialog& dialog);
+  void OpenWindow(const QString& title, const QRect& place);
+  int AskForm(FormState& form);
+  /// Answers the form of the job's name where that is known already.
+  bool AnswersByFile(FormState& form);
+  void FollowOption(const FormState& options, int button);
+  int ShowMessage(const Message& message);
+  /// The file that a message misses, with its full path; empty for other messages.
+  QString MissingFile(std::string_view text) const;
+  std::optional<int> RunProgram(const Command& command, const QString& title, int flags);
+  void TellMissingProgram(const CommandLookup& lookup, const QString& title);
+  /// A program has ended: keeps its output where something is to be read.
+  void JudgeProgram(std::optional<int> exit_code, const std::string& job);
+  bool IsUnattended() const;
+
+  void TakeLeaveWish();
+  void TakeJobFile(const QString& path);
+  void ShowRunning();
+  void ShowWaiting(const QString& what);
+  /// The files that this run has written so far, as links, and its pattern in the plot.
+  void ShowFiles();
   void Beep() const;
 
   std::unique_ptr<MainWindow> window_;
+  std::unique_ptr<OutputWindow> output_;
+  std::function<void(MainWindow&)> when_opened_;
   /// The form that is shown without a mode, and its own state.
   std::optional<FormState> shown_state_;
   std::unique_ptr<FormDialog> shown_form_;
+  /// What waits for an answer.
+  FormDialog* form_ = nullptr;
+  MessageDialog* box_ = nullptr;
+  std::unique_ptr<RunMemory> memory_;
   bool is_sound_on_ = false;
   bool is_leaving_ = false;
+  bool is_left_at_once_ = false;
 };
 
 }  // namespace talven

@@ -1,7 +1,6 @@
 // Whole runs of the desktop program, driven by keys and clicks.
 
 #include <QApplication>
-#include <QMessageBox>
 #include <array>
 #include <clocale>
 
@@ -10,6 +9,7 @@
 #include "support/TestFiles.h"
 #include "support/qt/UserScript.h"
 #include "ui/qt/MainWindow.h"
+#include "ui/qt/MessageDialog.h"
 
 namespace talven::test {
 namespace {
@@ -30,7 +30,7 @@ class DesktopProgram : public testing::Test {
   /// The exit code of a run with these steps of the user.
   static int Run(const std::vector<std::string>& arguments, std::deque<Step> steps) {
     const UserScript user(std::move(steps));
-    return RunDesktop(arguments);
+    return RunDesktop({arguments, {}});
   }
 
   /// The job's files but for the line that holds the time of the run.
@@ -67,10 +67,7 @@ TEST_F(DesktopProgram, SimulatesAsTheTerminalProgramDoes) {
     TypeInto(form, 1014, "0.02");
     Click(Field(form, 1));
   };
-  const auto acknowledge = [](QDialog& box) {
-    SavePicture(Window(), "window");
-    QTest::keyClick(&box, Qt::Key_Return);
-  };
+  const auto acknowledge = [](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); };
   const Step enter = Press(Qt::Key_Return), escape = Press(Qt::Key_Escape);
   EXPECT_EQ(Run({kPath}, {name_job, find_directory, enter, set_up_pattern, acknowledge, escape}), 0);
   EXPECT_EQ(Results(), expected);
@@ -80,12 +77,33 @@ TEST_F(DesktopProgram, SimulatesAsTheTerminalProgramDoes) {
   EXPECT_EQ(ReadFile(directory.Drive() / "exe/VELDOR/DIR.DEF"), place.toStdString());
 }
 
+TEST_F(DesktopProgram, GoesFromAFileToAPatternWithTwoButtons) {
+  ASSERT_EQ(RunSession({"SALT", "C:"}, "1006=1\nok\nok\nexit\n").exit_code, 0);
+  const std::string expected = Results();
+  for (const char* result : kResults) std::filesystem::remove(result);
+  const std::filesystem::path folder = std::filesystem::current_path();
+  std::filesystem::current_path("..");
+  const Step enter = Press(Qt::Key_Return);
+  const UserScript user({enter, enter, enter, Press(Qt::Key_Escape)});
+  const DesktopStart start = TakeOpenedFile({kPath, "--open", (folder / "SALT.HKL").string()});
+  EXPECT_EQ(start.arguments, std::vector<std::string>{kPath});
+  EXPECT_EQ(RunDesktop(start), 0);
+  EXPECT_EQ(Results(), expected);
+}
+
+TEST(DesktopStart, TakesOneFileThatIsThere) {
+  EXPECT_EQ(TakeOpenedFile({kPath, "--open"}).arguments.size(), 1U) << "a menu entry without a file";
+  EXPECT_EQ(TakeOpenedFile({kPath, "ABC", "C:"}).arguments.size(), 3U);
+  EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/none/such.INS"}), std::invalid_argument);
+  EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/tmp", "ABC"}), std::invalid_argument);
+}
+
 TEST_F(DesktopProgram, LeavesWhenTheWindowIsClosedAndTellsAFatalError) {
   EXPECT_EQ(Run({kPath, "SALT", "C:"}, {[](QDialog&) { Window().close(); }}), 0);
   EXPECT_EQ(directory.Started(), "mirade.exe SALT\n");
   WriteFile("SALT.INS", "CELL 0.71073 5.6402 x 5.6402 90 90 90\n");
   const auto read_error = [](QDialog& box) {
-    EXPECT_TRUE(dynamic_cast<QMessageBox&>(box).text().startsWith("SALT.INS, line 1: "));
+    EXPECT_TRUE(dynamic_cast<MessageDialog&>(box).Text().startsWith("SALT.INS, line 1: "));
     QTest::keyClick(&box, Qt::Key_Return);
   };
   EXPECT_EQ(Run({kPath, "SALT", "C:"}, {Press(Qt::Key_Return), read_error}), 1);

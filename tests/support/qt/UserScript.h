@@ -31,6 +31,9 @@ class UserScript {
   std::deque<Step> steps_;
 };
 
+/// The forms and boxes that wait for an answer, in windows of their own or inside of one.
+QList<QDialog*> ShownDialogs();
+
 Step Press(Qt::Key key);
 /// The field of a form by its id; the text part of a field with arrows.
 QWidget& Field(const QWidget& form, int id);
@@ -40,7 +43,5 @@ void Click(QWidget& widget);
 void TypeInto(const QWidget& form, int id, const char* text);
 /// Writes a name into a file selector and accepts it; without a name, accepts the one that stands there.
 void AcceptName(QDialog& selector, const QString& name = {});
-/// With TALVEN_SCREENSHOTS naming a folder, saves a picture of a window there.
-void SavePicture(QWidget& window, const QString& name);
 
 }  // namespace talven::test

@@ -8,15 +8,14 @@
 #include "patterns/formats/FinishPattern.h"
 #include "patterns/formats/FormatText.h"
 #include "patterns/formats/RemarkedWavelength.h"
-#include "patterns/formats/cif/CifBlock.h"
+#include "patterns/formats/cif/CifLookup.h"
 #include "textio/FatalIoError.h"
 #include "textio/FieldInput.h"
 
 namespace talven {
 namespace {
 
-using gemmi::cif::Block;
-using gemmi::cif::Document;
+using Document = std::vector<CifBlock>;
 
 constexpr std::array<std::string_view, 6> kMeasured = {"_pd_meas_counts_total",  "_pd_meas_intensity_total",
                                                        "_pd_meas_intensity_net", "_pd_proc_intensity_total",
@@ -32,14 +31,6 @@ constexpr std::size_t kSmallText = 16'000'000;
 constexpr std::size_t kValueSize = 96;
 constexpr std::size_t kLargestGrowth = 8;
 
-/// The number of the line in a message of the parser, "NAME:12:3(345): ...".
-std::size_t LineOf(const std::string& message, const std::string& name) {
-  std::size_t line = 0;
-  for (std::size_t i = name.size() + 1; i < message.size() && message[i] >= '0' && message[i] <= '9'; ++i)
-    line = line * 10 + static_cast<std::size_t>(message[i] - '0');
-  return line;
-}
-
 Document Parse(const std::string& name, std::string_view text) {
   if (text.size() > kSmallText && CountWords(text) * kValueSize > kLargestGrowth * text.size())
     FailInFile(name, "a CIF of fewer values", std::to_string(CountWords(text)));
@@ -49,14 +40,7 @@ Document Parse(const std::string& name, std::string_view text) {
     with_block.append("data_pattern ").append(text);
     text = with_block;
   }
-  try {
-    return gemmi::cif::read_memory(text.data(), text.size(), name.c_str());
-  } catch (const std::exception& error) {
-    const std::string message = error.what();
-    const std::size_t reason = message.rfind(": ");
-    FailAtLine(name, LineOf(message, name), "CIF",
-               "something else (" + message.substr(reason == std::string::npos ? 0 : reason + 2) + ")");
-  }
+  return ParseCif(name, text);
 }
 
 bool HoldsNumber(const CifColumn& column) {
@@ -66,7 +50,7 @@ bool HoldsNumber(const CifColumn& column) {
 }
 
 template <std::size_t N>
-std::optional<CifColumn> FindAny(const Block& block, const std::array<std::string_view, N>& names,
+std::optional<CifColumn> FindAny(const CifBlock& block, const std::array<std::string_view, N>& names,
                                  std::string_view* which = nullptr) {
   for (const std::string_view name : names) {
     const auto column = FindCifColumn(block, name);
@@ -77,19 +61,19 @@ std::optional<CifColumn> FindAny(const Block& block, const std::array<std::strin
   return std::nullopt;
 }
 
-std::vector<const Block*> FindPatterns(const Document& document) {
-  std::vector<const Block*> found;
-  for (const Block& block : document.blocks)
+std::vector<const CifBlock*> FindPatterns(const Document& document) {
+  std::vector<const CifBlock*> found;
+  for (const CifBlock& block : document)
     if (FindAny(block, kMeasured)) found.push_back(&block);
   if (!found.empty()) return found;
-  for (const Block& block : document.blocks)
+  for (const CifBlock& block : document)
     if (FindAny(block, kCalculated)) found.push_back(&block);
   return found;
 }
 
 /// What a CIF without a readable pattern holds instead.
 std::string WhatElse(const Document& document) {
-  for (const Block& block : document.blocks) {
+  for (const CifBlock& block : document) {
     if (FindCifColumn(block, "_pd_meas_time_of_flight")) return "a time-of-flight pattern";
     if (FindCifColumn(block, "_refln_index_h")) return "reflections of a structure";
     if (FindCifColumn(block, "_atom_site_label")) return "a structure without a pattern";
@@ -98,15 +82,17 @@ std::string WhatElse(const Document& document) {
 }
 
 /// The wavelength of a block, or where it tells none that of the only other block that does.
-const Block& FindWavelengthBlock(const Document& document, const Block& block) {
-  const auto tells = [](const Block& b) { return FindCifNumber(b, "_diffrn_radiation_wavelength").has_value(); };
-  if (tells(block) || std::ranges::count_if(document.blocks, tells) != 1) return block;
-  return *std::ranges::find_if(document.blocks, tells);
+const CifBlock& FindWavelengthBlock(const Document& document, const CifBlock& block) {
+  const auto tells = [](const CifBlock& b) { return FindCifNumber(b, "_diffrn_radiation_wavelength").has_value(); };
+  if (tells(block) || std::ranges::count_if(document, tells) != 1) return block;
+  return *std::ranges::find_if(document, tells);
 }
 
-void TakeWavelength(const Block& block, Pattern& pattern) {
-  auto wavelength = FindCifNumber(block, "_diffrn_radiation_wavelength");
-  if (!wavelength) wavelength = FindCifNumber(block, "_diffraction_radiation_wavelength");
+void TakeWavelength(const CifBlock& block, Pattern& pattern) {
+  std::optional<double> wavelength;
+  for (const char* const name :
+       {"_diffrn_radiation_wavelength", "_diffraction_radiation_wavelength", "_pd_proc_wavelength"})
+    if (!wavelength) wavelength = FindCifNumber(block, name);
   if (!wavelength || !IsWavelength(*wavelength)) return;
   pattern.wavelength = wavelength;
   const auto lines = FindCifColumn(block, "_diffrn_radiation_wavelength");
@@ -123,7 +109,7 @@ void TakeWavelength(const Block& block, Pattern& pattern) {
 }
 
 /// Sets the angle of each row of the counts.
-std::vector<double> RowAngles(const std::string& name, const Block& block, const CifColumn& counts,
+std::vector<double> RowAngles(const std::string& name, const CifBlock& block, const CifColumn& counts,
                               std::string_view counts_name, Pattern& pattern, std::vector<std::string>& notices) {
   std::vector<double> angles;
   const auto column = FindAny(block, kAngles);
@@ -153,7 +139,8 @@ std::vector<double> RowAngles(const std::string& name, const Block& block, const
     pattern.step = std::abs(*step);
     return angles;
   }
-  FailAtLine(name, counts.line, "2theta of the counts (_pd_meas_2theta_scan or _pd_meas_2theta_range_min, _max, _inc)",
+  FailAtLine(name, counts.loop->line,
+             "2theta of the counts (_pd_meas_2theta_scan or _pd_meas_2theta_range_min, _max, _inc)",
              FindCifColumn(block, "_pd_meas_time_of_flight") ? "times of flight" : "none");
 }
 
@@ -166,7 +153,7 @@ void TakeRows(const std::string& name, const CifColumn& counts, const std::optio
     const std::string_view text = counts.At(row);
     const auto count = ReadCifNumber(text);
     if (!count && text != "." && text != "?")
-      FailAtLine(name, counts.line, "numbers in the loop of counts", Quote(text));
+      FailAtLine(name, counts.loop->line, "numbers in the loop of counts", Quote(text));
     if (!count || std::isnan(angles[row])) {
       ++left_out;
       continue;
@@ -184,11 +171,11 @@ void TakeRows(const std::string& name, const CifColumn& counts, const std::optio
 
 PatternFile ReadPowderCif(const std::string& name, std::string_view text, const PatternReadOptions& options) {
   const Document document = Parse(name, text);
-  const std::vector<const Block*> blocks = FindPatterns(document);
+  const std::vector<const CifBlock*> blocks = FindPatterns(document);
   if (blocks.empty()) FailInFile(name, "a powder pattern (_pd_meas_counts_total and its like)", WhatElse(document));
   PatternFile file;
   file.format = "powder CIF";
-  const Block& block = *blocks[ChooseScan(name, blocks.size(), options, file)];
+  const CifBlock& block = *blocks[ChooseScan(name, blocks.size(), options, file)];
   Pattern& pattern = file.pattern;
   if (BeginsWithDataBlock(text)) pattern.title = block.name;
   TakeWavelength(FindWavelengthBlock(document, block), pattern);

@@ -47,6 +47,7 @@ std::optional<double> PositiveNumber(std::string_view text) {
 }
 
 void ReadNumberList(std::string_view file, std::string_view text, std::string_view what, std::vector<double>& values) {
+  values.reserve(values.size() + text.size() / 2 + 1);
   for (std::string_view word = NextWord(text); !word.empty(); word = NextWord(text)) {
     const auto number = ReadReal<double>(word);
     if (!number) FailInFile(file, "numbers as " + std::string(what), Quote(word));

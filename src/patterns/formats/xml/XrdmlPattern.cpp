@@ -10,8 +10,6 @@
 namespace talven {
 namespace {
 
-constexpr std::size_t kHeadSize = 4096;
-
 std::vector<pugi::xml_node> FindScans(const pugi::xml_node& root) {
   std::vector<pugi::xml_node> scans;
   for (const pugi::xml_node& measurement : root.children("xrdMeasurement"))
@@ -94,10 +92,6 @@ void SetAngles(const std::string& name, const pugi::xml_node& points, Pattern& p
 }
 
 }  // namespace
-
-bool LooksLikeXrdml(std::string_view text) {
-  return text.substr(0, kHeadSize).find("<xrdMeasurements") != std::string_view::npos;
-}
 
 PatternFile ReadXrdml(const std::string& name, std::string_view text, const PatternReadOptions& options) {
   pugi::xml_document document;

@@ -19,8 +19,6 @@
 
 namespace talven {
 
-bool LooksLikeXrdml(std::string_view text);
-
 /// Throws FatalIoError for XML that is none, for scans in which 2theta stands still, and for lists of different
 /// lengths.
 PatternFile ReadXrdml(const std::string& name, std::string_view text, const PatternReadOptions& options);

@@ -27,8 +27,12 @@ bool HasExtension(std::string_view list, std::string_view extension) {
   return false;
 }
 
+const xylib::FormatInfo* FormatOf(const char* kind) {
+  return static_cast<const xylib::FormatInfo*>(xylib_get_format_by_name(kind));
+}
+
 bool Fits(const char* kind, const std::string& head) {
-  const auto* const format = static_cast<const xylib::FormatInfo*>(xylib_get_format_by_name(kind));
+  const xylib::FormatInfo* const format = FormatOf(kind);
   if (format == nullptr || format->checker == nullptr) return false;
   std::istringstream stream(head);
   try {
@@ -97,7 +101,9 @@ PatternFile ReadXylibKind(const std::string& name, const std::string& kind, cons
   try {
     const ScopedCLocale locale;
     std::istringstream stream(bytes);
-    data.reset(xylib::load_stream(stream, kind));
+    // Not load_stream: it loses what it made where reading fails.
+    data.reset(FormatOf(kind.c_str())->ctor());
+    data->load_data(stream, "");
   } catch (const std::exception& error) {
     FailInFile(name, "a whole file of " + file.format, "another (" + std::string(error.what()) + ")");
   }

@@ -70,7 +70,9 @@ Columns FindColumns(const std::string& name, const pugi::xml_node& route, std::s
     if (kind == "AbsorptionFactor") columns.factor = start;
     if (const pugi::xml_node varying = view.child("Varying"))
       if (const auto field = FindAxis(varying, "FieldDefinitions")) columns.two_theta = start + *field;
-    if (!view.child("Recording") || has_counts) continue;
+    const pugi::xml_node recording = view.child("Recording");
+    const bool is_scan_counter = std::string_view(recording.attribute("LogicName").value()) == "ScanCounter";
+    if (!recording || (has_counts && !is_scan_counter)) continue;
     if (CountAttribute(view, "Length") != 1)
       FailInFile(name, "one count to a point", std::to_string(CountAttribute(view, "Length")) + ", as in an image");
     columns.counts = start;

@@ -1,0 +1,134 @@
+#include "app/view/ViewProgram.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <ostream>
+
+#include "app/view/ViewOptions.h"
+#include "app/view/ViewWindow.h"
+#include "patterns/PatternFormats.h"
+#include "peaks/PeakListFile.h"
+#include "textio/FatalIoError.h"
+#include "textio/OutputFile.h"
+#include "ui/Toolkit.h"
+#include "ui/plot/PlotWidget.h"
+#include "ui/qt/AppIcon.h"
+
+namespace talven {
+namespace {
+
+/// While the application starts. Qt's only fatal message then is that it has no window system.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*text*/) {
+  if (type != QtFatalMsg) return;
+  std::fputs("talven-view: no display can be opened; --export and --pick need none\n", stderr);
+  std::_Exit(kExitRefused);
+}
+
+std::filesystem::path PathOf(const QString& name) {
+  return std::filesystem::path(name.toStdU16String());
+}
+
+/// The file that an argument means: itself, or that of a job.
+QString FileOf(const QString& argument) {
+  if (QFileInfo::exists(argument)) return argument;
+  const auto pattern = Folder().Find(argument.toStdString() + ".ING");
+  if (pattern) return QString::fromStdU16String(pattern->u16string());
+  throw FatalIoError(argument.toStdString() + ": there is no file of this name, and no " + argument.toStdString() +
+                     ".ING in the current directory");
+}
+
+void PickFile(const QString& path, PeakOptions options, std::ostream& output) {
+  const PatternFile file = ReadPatternFile(PathOf(path));
+  if (file.pattern.wavelength) options.wavelength = file.pattern.wavelength;
+  const PickedPeaks picked = PickPeaks(file.pattern, options);
+  const std::string name = QFileInfo(path).completeBaseName().toStdString() + std::string(kPeakListSuffix);
+  OutputFile list;
+  list.Open(Folder(), name);
+  WritePeakList(picked.peaks, picked.wavelength, list);
+  list.Close();
+  output << name << ": " << picked.peaks.size() << " peaks\n";
+  for (const std::string& notice : file.notices) output << "  " << notice << '\n';
+  for (const std::string& notice : picked.notices) output << "  " << notice << '\n';
+}
+
+bool Load(PlotWidget& plot, const ViewOptions& options, std::ostream& messages) {
+  for (const QString& argument : options.files) {
+    if (plot.OverlayFile(FileOf(argument))) continue;
+    messages << "talven-view: " << plot.Message().toStdString() << '\n';
+    return false;
+  }
+  if (!(options.settings == PlotSettings{})) plot.ApplySettings(options.settings);
+  if (options.peaks.wavelength) plot.GiveWavelength(*options.peaks.wavelength);
+  if (options.shows_peaks) plot.PickPeaksWith(options.peaks);
+  if (options.ranking.isEmpty() || plot.OpenRanking(options.ranking, options.ranking_row)) return true;
+  messages << "talven-view: " << plot.Message().toStdString() << '\n';
+  return false;
+}
+
+int Export(const ViewOptions& options, std::ostream& messages) {
+  PlotWidget plot;
+  plot.resize(options.size);
+  if (!Load(plot, options, messages)) return kExitFatalIo;
+  if (plot.ExportTo(options.output, options.size)) return kExitNormal;
+  messages << "talven-view: " << plot.Message().toStdString() << '\n';
+  return kExitFatalIo;
+}
+
+int Show(const ViewOptions& options, std::ostream& messages) {
+  ViewWindow window;
+  if (!Load(window.Plot(), options, messages)) return kExitFatalIo;
+  window.show();
+  return QApplication::exec();
+}
+
+int RunWithQt(const ViewOptions& options, char** argv, std::ostream& messages) {
+  if (options.task == ViewTask::kExport) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
+  int argument_count = 1;
+  const QApplication application(argument_count, argv);
+  qInstallMessageHandler(usual);
+  // The window system switches on the user's locale. Numbers keep their point.
+  std::setlocale(LC_NUMERIC, "C");
+  QGuiApplication::setDesktopFileName("talven-view");
+  QGuiApplication::setWindowIcon(AppIcon());
+  return options.task == ViewTask::kExport ? Export(options, messages) : Show(options, messages);
+}
+
+int RunTask(const ViewOptions& options, char** argv, std::ostream& output, std::ostream& messages) {
+  switch (options.task) {
+    case ViewTask::kHelp:
+      output << ViewUsage().toStdString();
+      break;
+    case ViewTask::kVersion:
+      output << "talven-view " TALVEN_VERSION "\n";
+      break;
+    case ViewTask::kPick:
+      for (const QString& file : options.files) PickFile(FileOf(file), options.peaks, output);
+      break;
+    default:
+      return RunWithQt(options, argv, messages);
+  }
+  return output.flush() ? kExitNormal : kExitFatalIo;
+}
+
+}  // namespace
+
+int RunView(const std::vector<std::string>& arguments, char** argv, std::ostream& output, std::ostream& messages) {
+  QStringList words;
+  for (const std::string& argument : arguments) words.append(QString::fromStdString(argument));
+  words.removeFirst();
+  try {
+    return RunTask(ParseViewOptions(words), argv, output, messages);
+  } catch (const ViewOptionsError& error) {
+    messages << "talven-view: " << error.text.toStdString() << '\n' << ViewUsage().toStdString();
+    return kExitRefused;
+  } catch (const FatalIoError& error) {
+    messages << "talven-view: " << error.what() << '\n';
+    return kExitFatalIo;
+  }
+}
+
+}  // namespace talven

@@ -1,0 +1,29 @@
+// The text of a CIF as data blocks. The one place that sees gemmi, whose headers want C++17: so does this header.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace talven {
+
+struct CifLoop {
+  std::vector<std::string> tags;
+  /// Row by row, as many to a row as there are tags; quotes as they stand.
+  std::vector<std::string> values;
+  /// Line of the "loop_", from 1.
+  std::size_t line = 0;
+};
+
+struct CifBlock {
+  std::string name;
+  std::vector<std::pair<std::string, std::string>> items;
+  std::vector<CifLoop> loops;
+};
+
+/// Throws FatalIoError with the line for what is no CIF.
+std::vector<CifBlock> ParseCif(const std::string& name, std::string_view text);
+
+}  // namespace talven

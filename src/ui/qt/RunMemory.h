@@ -1,0 +1,29 @@
+// What the toolkit of the window keeps of the session that it shows.
+#pragma once
+
+#include <QString>
+#include <optional>
+
+#include "ui/qt/RunFiles.h"
+
+namespace talven {
+
+/// A file that answers the questions of a start by hand.
+struct OpenedFile {
+  QString job;
+  QString folder;
+  /// The form of the job's name was answered with it.
+  bool has_named_job = false;
+};
+
+struct RunMemory {
+  QString job;
+  /// What runs between two questions.
+  QString running = "Starting";
+  std::optional<OpenedFile> opened;
+  /// The files of the last run, and the one of them that the plot was told of.
+  RunFiles files;
+  QString shown_pattern;
+};
+
+}  // namespace talven
