@@ -57,6 +57,17 @@ double Reweight(const std::vector<double>& y, const std::vector<double>& z, cons
   return std::sqrt(change / size);
 }
 
+/// Entries of D'D for n points: on the diagonal, and beside it.
+double DiagonalOf(std::size_t i, std::size_t n) {
+  const double outer = (i + 2 < n ? 1.0 : 0.0) + (i >= 2 ? 1.0 : 0.0);
+  const double middle = i >= 1 && i + 1 < n ? 4.0 : 0.0;
+  return outer + middle;
+}
+
+double SideOf(std::size_t i, std::size_t n) {
+  return i + 1 < n ? (i >= 1 ? -2.0 : 0.0) + (i + 2 < n ? -2.0 : 0.0) : 0.0;
+}
+
 }  // namespace
 
 std::vector<double> SolvePenalised(const std::vector<double>& y, const std::vector<double>& weights, double lambda) {
@@ -68,11 +79,8 @@ std::vector<double> SolvePenalised(const std::vector<double>& y, const std::vect
   std::vector<double> second(n, 0.0);
   std::vector<double> z(n);
   for (std::size_t i = 0; i < n; ++i) {
-    // How often the point stands in a second difference as outer and as middle one.
-    const double outer = (i + 2 < n ? 1.0 : 0.0) + (i >= 2 ? 1.0 : 0.0);
-    const double middle = i >= 1 && i + 1 < n ? 4.0 : 0.0;
-    double diagonal = weights[i] + lambda * (outer + middle);
-    double side = i + 1 < n ? lambda * ((i >= 1 ? -2.0 : 0.0) + (i + 2 < n ? -2.0 : 0.0)) : 0.0;
+    double diagonal = weights[i] + lambda * DiagonalOf(i, n);
+    double side = lambda * SideOf(i, n);
     z[i] = weights[i] * y[i];
     if (i >= 1) {
       diagonal -= first[i - 1] * first[i - 1] * pivot[i - 1];

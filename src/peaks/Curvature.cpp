@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace talven {
 namespace {
@@ -9,6 +10,8 @@ namespace {
 constexpr std::size_t kSmallestHalfWindow = 2;
 /// Median of the square of a normally distributed value of unit variance.
 constexpr double kMedianSquare = 0.4549;
+/// Whole numbers that scatter more than this are no counts: a background was taken off, or they were scaled.
+constexpr double kMostScatter = 3.0;
 /// Sum of the squares of 1, -4, 6, -4, 1.
 constexpr double kFourthDifferenceSquares = 70.0;
 
@@ -30,8 +33,10 @@ Moments WindowMoments(std::size_t half) {
   return moments;
 }
 
-bool AreWholeNumbers(const std::vector<double>& counts) {
-  return std::ranges::all_of(counts, [](double count) { return std::fabs(count - std::round(count)) < 1e-6; });
+double Median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
 }
 
 /// How much larger the scatter of neighbouring points is than these variances: by the median of fourth differences,
@@ -42,10 +47,18 @@ double MeasureScatter(const std::vector<double>& y, const std::vector<double>& v
     const double difference = y[i - 2] - 4.0 * y[i - 1] + 6.0 * y[i] - 4.0 * y[i + 1] + y[i + 2];
     squares.push_back(difference * difference / (kFourthDifferenceSquares * variances[i]));
   }
-  if (squares.empty()) return 1.0;
-  const auto middle = squares.begin() + static_cast<std::ptrdiff_t>(squares.size() / 2);
-  std::ranges::nth_element(squares, middle);
-  return *middle / kMedianSquare;
+  return squares.empty() ? 1.0 : Median(std::move(squares)) / kMedianSquare;
+}
+
+/// Values below zero had a background taken off, whose noise is the same everywhere; others were scaled.
+void ScaleToScatter(const EvenGrid& grid, double scatter, std::vector<double>& variances) {
+  const auto [lowest, highest] = std::ranges::minmax(grid.counts);
+  // A calculated pattern has no scatter at all.
+  const double smallest = 1e-18 * highest * highest;
+  const bool is_net = grid.are_whole_numbers && lowest < 0.0;
+  const double added = is_net ? MeasureScatter(grid.counts, std::vector<double>(variances.size(), 1.0)) : 0.0;
+  const double factor = is_net ? 1.0 : scatter;
+  for (double& variance : variances) variance = std::max(factor * variance + added, smallest);
 }
 
 /// The mean over 2 * half + 1 points, fewer at the ends.
@@ -99,15 +112,11 @@ std::vector<double> Convolve(const std::vector<double>& values, const std::vecto
 std::vector<double> PointVariances(const EvenGrid& grid, const std::vector<double>& background, double fwhm,
                                    bool& is_scaled) {
   std::vector<double> variances = RunningMean(grid.counts, static_cast<std::size_t>(0.5 * fwhm / grid.step));
-  for (std::size_t i = 0; i < variances.size(); ++i) variances[i] = std::max({variances[i], background[i], 1.0});
-  is_scaled = grid.variance.empty() && !AreWholeNumbers(grid.counts);
-  if (is_scaled) {
-    const double highest = *std::ranges::max_element(grid.counts);
-    const double scatter = MeasureScatter(grid.counts, variances);
-    // A calculated pattern has no scatter at all.
-    const double smallest = 1e-18 * highest * highest;
-    for (double& variance : variances) variance = std::max(scatter * variance, smallest);
-  }
+  for (std::size_t i = 0; i < variances.size(); ++i)
+    variances[i] = std::max({variances[i], background[i], 1.0}) / grid.points_averaged;
+  const double scatter = MeasureScatter(grid.counts, variances);
+  is_scaled = grid.variance.empty() && (!grid.are_whole_numbers || scatter > kMostScatter);
+  if (is_scaled) ScaleToScatter(grid, scatter, variances);
   for (std::size_t i = 0; i < grid.variance.size(); ++i)
     if (grid.variance[i] > 0.0) variances[i] = grid.variance[i];
   return variances;

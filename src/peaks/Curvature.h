@@ -22,8 +22,8 @@ std::size_t HalfWindow(double width, double step);
 std::vector<double> Convolve(const std::vector<double>& values, const std::vector<double>& weights);
 
 /// The variance of each point of a grid: as the grid tells it, else the mean count over one width of a peak, which is
-/// not below the background nor below 1. Counts that are no whole numbers are of an unknown scale: the variance then is
-/// scaled so that it agrees with the scatter of neighbouring points, which `is_scaled` tells.
+/// not below the background nor below 1. Values that are no whole numbers, or scatter far more than counts do, are of
+/// an unknown scale: the variance then is scaled so that it agrees with their scatter, which `is_scaled` tells.
 std::vector<double> PointVariances(const EvenGrid& grid, const std::vector<double>& background, double fwhm,
                                    bool& is_scaled);
 

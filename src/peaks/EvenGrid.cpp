@@ -76,6 +76,10 @@ double MedianStep(const std::vector<double>& two_theta) {
   return *middle;
 }
 
+bool AreWholeNumbers(const std::vector<double>& counts) {
+  return std::ranges::all_of(counts, [](double count) { return std::fabs(count - std::round(count)) < 1e-6; });
+}
+
 std::string Degrees(double value) {
   char digits[32];
   return {digits, std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 4).ptr};
@@ -87,6 +91,7 @@ EvenGrid AverageBlocks(const Points& points, double step, std::size_t block) {
   const auto size = static_cast<double>(block);
   grid.first_two_theta = points.two_theta[0] + 0.5 * (size - 1.0) * step;
   grid.step = size * step;
+  grid.points_averaged = size;
   const std::size_t count = points.counts.size() / block;
   const auto sum = [block](const std::vector<double>& values, std::size_t i) {
     const auto first = values.begin() + static_cast<std::ptrdiff_t>(i * block);
@@ -153,6 +158,7 @@ EvenGrid MakeEvenGrid(const Pattern& pattern, double finest_step) {
       notices.push_back("the steps are not equal; resampled to steps of " + Degrees(grid.step) + " degrees");
     }
   }
+  grid.are_whole_numbers = AreWholeNumbers(points.counts);
   grid.notices = std::move(notices);
   return grid;
 }

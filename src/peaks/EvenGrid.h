@@ -16,6 +16,10 @@ struct EvenGrid {
   std::vector<double> counts;
   /// Variance of each of the counts, where the pattern tells a standard deviation for all of its points.
   std::vector<double> variance;
+  /// Points of the pattern that each of the grid's is the mean of.
+  double points_averaged = 1.0;
+  /// The pattern has whole numbers only, as counts are.
+  bool are_whole_numbers = true;
   /// What had to be done to the pattern, one sentence each.
   std::vector<std::string> notices;
 

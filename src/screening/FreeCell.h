@@ -12,7 +12,7 @@
 namespace talven {
 
 /// The parameters that symmetry leaves free: each changes one length or several that are tied to each other, or one
-/// angle or several. Default: a triclinic cell.
+/// angle or several.
 class FreeCell {
  public:
   FreeCell(const Lattice& lattice, const SymmetryGroup& symmetry);

@@ -67,6 +67,12 @@ TEST(PickPeaks, FindsPeaksWhereTheyAreAndNothingElse) {
     EXPECT_NEAR(picked.peaks[3].height, 8000, 500);
     EXPECT_NEAR(picked.peaks[3].fwhm, kWidth, 0.03);
   }
+  // Values of another scale, or with the background taken off, have other errors than counts.
+  for (const auto& [scale, offset] : {std::pair(0.001, 0.0), {250.0, 0.0}, {1.0, -100.0}}) {
+    Pattern changed = pattern;
+    for (double& count : changed.counts) count = scale * count + offset;
+    EXPECT_EQ(PickPeaks(changed, {.fwhm = kWidth}).peaks.size(), 5U) << scale;
+  }
   const PeakSearch search = SearchPeaks(pattern, {.fwhm = kWidth});
   EXPECT_EQ(PickPeaks(search, {.threshold = 1e9}).peaks.size(), 0U);
   EXPECT_GT(PickPeaks(search, {.threshold = 0.1}).peaks.size(), 50U);
