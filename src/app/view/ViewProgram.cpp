@@ -33,7 +33,7 @@ std::filesystem::path PathOf(const QString& name) {
 
 /// The file that an argument means: itself, or that of a job.
 QString FileOf(const QString& argument) {
-  if (QFileInfo::exists(argument)) return argument;
+  if (QFileInfo(argument).isFile()) return argument;
   const auto pattern = Folder().Find(argument.toStdString() + ".ING");
   if (pattern) return QString::fromStdU16String(pattern->u16string());
   throw FatalIoError(argument.toStdString() + ": there is no file of this name, and no " + argument.toStdString() +

@@ -104,8 +104,14 @@ PeakTable::PeakTable(QWidget* parent)
   setSelectionBehavior(QAbstractItemView::SelectRows);
   setTabKeyNavigation(false);
   verticalHeader()->hide();
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
   horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
   horizontalHeader()->setStretchLastSection(true);
+}
+
+QSize PeakTable::sizeHint() const {
+  constexpr int kColumns = 56;
+  return {fontMetrics().averageCharWidth() * kColumns, QTableView::sizeHint().height()};
 }
 
 void PeakTable::SetMarks(const std::vector<MarkedPeak>& marks, double wavelength) {

@@ -49,6 +49,7 @@ class PeakTable : public QTableView {
   void SetMarks(const std::vector<MarkedPeak>& marks, double wavelength);
   /// As it stands in the table, with a head.
   QString CopiedText() const;
+  QSize sizeHint() const override;
 
  signals:
   void PeakChosen(double two_theta);

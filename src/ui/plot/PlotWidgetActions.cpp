@@ -27,8 +27,8 @@ void PlotWidget::MakeActions() {
   p.export_plot = make(tr("&Export..."), "export", QKeySequence("Ctrl+E"), [this] { AskExport(); });
   p.show_all = make(tr("Show &All"), "showAll", {}, [this] { parts_->canvas->ShowAll(); });
   p.fit_height = make(tr("&Fit Height"), "fitHeight", {}, [this] { parts_->canvas->FitHeight(); });
-  p.zoom_in = make(tr("Zoom &In"), "zoomIn", QKeySequence::ZoomIn, [this] { parts_->canvas->ZoomAlong(1.5); });
-  p.zoom_out = make(tr("Zoom &Out"), "zoomOut", QKeySequence::ZoomOut, [this] { parts_->canvas->ZoomAlong(1 / 1.5); });
+  p.zoom_in = make(tr("Zoom &In"), "zoomIn", {}, [this] { parts_->canvas->ZoomAlong(1.5); });
+  p.zoom_out = make(tr("Zoom &Out"), "zoomOut", {}, [this] { parts_->canvas->ZoomAlong(1 / 1.5); });
   p.wavelength = make(tr("&Wavelength..."), "wavelength", {}, [this] { AskWavelength(); });
   p.save_peaks = make(tr("&Save Peaks..."), "savePeaks", QKeySequence::Save, [this] { AskSavePeaks(); });
   p.band = make(tr("Zoom by &Band"), "band", {}, [] {});
@@ -47,7 +47,7 @@ void PlotWidget::MakeActions() {
   p.undo_peak = p.undo.createUndoAction(this, tr("Undo"));
   p.redo_peak = p.undo.createRedoAction(this, tr("Redo"));
   p.undo_peak->setShortcut(QKeySequence::Undo);
-  p.redo_peak->setShortcut(QKeySequence::Redo);
+  p.redo_peak->setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
   for (QAction* const action : {p.undo_peak, p.redo_peak}) {
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     addAction(action);

@@ -125,13 +125,13 @@ TEST(PlotWidget, TheCursorReadsAnglesIntensityAndReflection) {
   OpenPlot open;
   open.Key(Qt::Key_PageDown);
   open.Key(Qt::Key_PageDown);
-  EXPECT_EQ(open.Reading().substr(0, 26), "2θ 47.300°   d 1.9203 ") << open.Reading();
+  EXPECT_EQ(open.Reading().substr(0, 26), "2θ 47.300°   d 1.9202 Å") << open.Reading();
   EXPECT_NE(open.Reading().find("next reflection 2 2 0 at 47.300°"), std::string::npos) << open.Reading();
   open.Key(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_NEAR(*open.canvas.Cursor(), 47.3 + 70.0 / open.canvas.axisRect()->width(), 0.01);
   QTest::mouseMove(&open.canvas, open.At(30.0));
   QTest::qWait(1);
-  EXPECT_EQ(open.Reading().substr(0, 6), "2θ 3") << open.Reading();
+  EXPECT_EQ(open.Reading().substr(0, 6), "2θ 30") << open.Reading();
 }
 
 TEST(PlotWidget, AxesAreChosenInTheToolBar) {
@@ -235,7 +235,7 @@ TEST(PlotWidget, TheTableSortsCopiesAndIsRead) {
   const auto* const drawing = QAccessible::queryAccessibleInterface(&open.canvas);
   EXPECT_EQ(drawing->text(QAccessible::Name), "Plot");
   EXPECT_EQ(drawing->text(QAccessible::Description).left(64).toStdString(),
-            "SILICON. Along: 2θ (°), 20 to 90. Up: Intensity (counts). 3501 ");
+            "SILICON. Along: 2θ (°), 20 to 90. Up: Intensity (counts). 3501 p");
 }
 
 TEST(PlotWidget, EverythingHasAName) {

@@ -63,7 +63,8 @@ TEST(PeakPicker, CompanionsAreMarkedAndLeftOut) {
   std::size_t companions = 0;
   for (const MarkedPeak& mark : picker.Marks()) companions += mark.origin == PeakOrigin::kAlpha2 ? 1 : 0;
   EXPECT_GE(companions, 2U);
-  EXPECT_EQ(Listed(picker), "28.4 47.3 56.1 69.1 76.4 ");
+  // A pair that is not resolved lies a little higher than its stronger line.
+  EXPECT_EQ(Listed(picker), "28.5 47.3 56.1 69.1 76.4 ");
   PeakChoices choices = picker.Choices();
   choices.keep_alpha2 = true;
   picker.Choose(choices);

@@ -30,7 +30,7 @@ TEST(Ranking, RowsAreRead) {
 TEST(Ranking, OtherTextsAreRefusedByLine) {
   using Row = std::pair<std::string, const char*>;
   for (const auto& [text, message] :
-       {Row{"", "R.tsv, line 1: expected the head of a ranking table, found the end of the file"},
+       {Row{"", "R.tsv, line 1: expected the head of a ranking table, found end of file"},
         Row{"rank\tname\n",
             "R.tsv, line 1: expected a column candidate, as talven-run screen writes it, found \"rank?name\""},
         Row{std::string(kHead) + "1\tA\t1\t1\t5,7\t5\t5\t90\t90\t90\n",
