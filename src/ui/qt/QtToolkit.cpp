@@ -271,6 +271,8 @@ void QtToolkit::TakeLeaveWish() {
   is_leaving_ = true;
   if (form_ != nullptr) form_->EndAsItStands();
   if (box_ != nullptr) box_->reject();
+  if (form_ == nullptr && box_ == nullptr)
+    window_->Status().ShowRemark("Talven closes when this step has come to its end.");
 }
 
 void QtToolkit::TakeJobFile(const QString& path) {

@@ -1,8 +1,10 @@
 // The window around the forms: its areas, help, refusals, what it remembers and how it is left.
 #include <QAccessible>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFile>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -263,7 +265,15 @@ TEST_F(MainWindowTest, AFileGivesJobAndFolder) {
   Select(kJobFileFilter);
   EXPECT_EQ(name, (Path() / "data" / "QUARTZ.HKL").string());
   EXPECT_EQ(std::filesystem::current_path(), Path() / "data");
-  Ask(kJobNameForm, [](FormDialog&) { emit Window().JobFileChosen("/somewhere/SALT.INS"); });
+  Ask(kJobNameForm, [](FormDialog&) {
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile("/somewhere/SALT.INS")});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, {});
+    QApplication::sendEvent(&Window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, {});
+    QApplication::sendEvent(&Window(), &drop);
+  });
   EXPECT_EQ(toolkit.WDialogGetString(1005), "SALT") << "as by a drop while the form waits";
 }
 
