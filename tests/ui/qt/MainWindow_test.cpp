@@ -201,6 +201,21 @@ TEST_F(MainWindowTest, JobsUsedBeforeAreOfferedAndADamagedMemoryIsIgnored) {
   }
 }
 
+TEST_F(MainWindowTest, BordersThatWereMovedStayWhereTheyWere) {
+  toolkit.WindowClose();
+  WindowState state;
+  state.borders = {{"columns", {800, 560}}, {"below", {500, 150}}};
+  state.Write();
+  for (int start = 0; start < 2; ++start) {
+    toolkit.WindowOpen({.width = 1366, .height = 720, .title = "TALVEN"});
+    Ask(kPatternForm, [&](FormDialog&) {
+      EXPECT_NEAR(Window().Texts().width(), 800, 8) << start;
+      EXPECT_NEAR(Window().Texts().height() * 1.0 / (Window().Texts().height() + Window().Form().height()), 0.77, 0.02);
+    });
+    toolkit.WindowClose();
+  }
+}
+
 TEST_F(MainWindowTest, FilesOfTheLastRunAreLinksThatOpen) {
   toolkit.JobSettled("ABC");
   WriteFile("ABC.INS", "old");
