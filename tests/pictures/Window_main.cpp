@@ -69,6 +69,8 @@ class Studio {
     const UserScript user({[&](QDialog& dialog) {
       auto& form = dynamic_cast<FormDialog&>(dialog);
       if (use) use(form);
+      // Without what is around it, as the manual shows it.
+      if (!use) form.parentWidget()->grab().save(folder_ + "/only-" + name + ".png");
       Take(name);
       if (form.isVisible()) form.EndAsItStands();
     }});

@@ -122,6 +122,8 @@ void QtToolkit::TellOfProgram(std::string_view line) {
 void QtToolkit::JobSettled(std::string_view job) {
   OnGui([&] {
     memory_->job = ToQString(job);
+    memory_->is_job_settled = true;
+    memory_->opened.reset();
     if (!window_) return;
     window_->State().RememberJob(memory_->job);
     window_->Status().SetJob(memory_->job);
@@ -271,16 +273,20 @@ void QtToolkit::TakeLeaveWish() {
   is_leaving_ = true;
   if (form_ != nullptr) form_->EndAsItStands();
   if (box_ != nullptr) box_->reject();
+  if (form_ == nullptr && box_ == nullptr)
+    window_->Status().ShowRemark("Talven closes when this step has come to its end.");
 }
 
 void QtToolkit::TakeJobFile(const QString& path) {
-  if (form_ != nullptr && form_->Spec().id == kJobNameForm) {
-    StartWithFile(FromQString(path));
-    memory_->opened->has_named_job = true;
-    return form_->FillAndEnd(job_name_field::kJobName, memory_->opened->job);
+  if (memory_->is_job_settled) {
+    // A session has one job: another one gets a window of its own.
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), {"--open", path});
+    return;
   }
-  // A session has one job: another one gets a window of its own.
-  QProcess::startDetached(QCoreApplication::applicationFilePath(), {"--open", path});
+  StartWithFile(FromQString(path));
+  if (form_ == nullptr || form_->Spec().id != kJobNameForm) return;
+  memory_->opened->has_named_job = true;
+  form_->FillAndEnd(job_name_field::kJobName, memory_->opened->job);
 }
 
 }  // namespace talven

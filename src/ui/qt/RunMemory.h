@@ -18,6 +18,7 @@ struct OpenedFile {
 
 struct RunMemory {
   QString job;
+  bool is_job_settled = false;
   /// What runs between two questions.
   QString running = "Starting";
   std::optional<OpenedFile> opened;

@@ -44,12 +44,29 @@ StatusLine::StatusLine(QWidget* parent)
   remark_->setObjectName("remark");
   remark_->setWordWrap(true);
   remark_->hide();
+  SetUpFolder();
+  SetUpFiles();
+  busy_->setRange(0, 0);
+  busy_->setTextVisible(false);
+  busy_->setFixedWidth(kBusyWidth);
+  busy_->setMaximumHeight(fontMetrics().height());
+  busy_->setAccessibleName("Busy");
+  busy_->hide();
+  PlaceParts();
+  connect(&tick_, &QTimer::timeout, this, &StatusLine::Tell);
+  tick_.setInterval(kTick);
+}
+
+void StatusLine::SetUpFolder() {
   folder_button_->setObjectName("folder");
   folder_button_->setFlat(true);
   folder_button_->setStyleSheet("text-align: left");
   folder_button_->setCursor(Qt::PointingHandCursor);
   folder_button_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   connect(folder_button_, &QPushButton::clicked, this, [this] { emit FolderAsked(folder_); });
+}
+
+void StatusLine::SetUpFiles() {
   files_->setObjectName("files");
   files_->setTextFormat(Qt::RichText);
   files_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
@@ -57,13 +74,9 @@ StatusLine::StatusLine(QWidget* parent)
   files_->hide();
   connect(files_, &QLabel::linkActivated, this,
           [this](const QString& link) { emit FileAsked(QUrl(link).toLocalFile()); });
-  busy_->setRange(0, 0);
-  busy_->setTextVisible(false);
-  busy_->setFixedWidth(kBusyWidth);
-  busy_->setMaximumHeight(fontMetrics().height());
-  busy_->setAccessibleName("Busy");
-  busy_->hide();
+}
 
+void StatusLine::PlaceParts() {
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, 2, kMargin, 2);
   layout->setSpacing(1);
@@ -76,8 +89,6 @@ StatusLine::StatusLine(QWidget* parent)
   layout->addLayout(line);
   layout->addWidget(remark_);
   layout->addWidget(files_);
-  connect(&tick_, &QTimer::timeout, this, &StatusLine::Tell);
-  tick_.setInterval(kTick);
 }
 
 void StatusLine::SetJob(const QString& job) {

@@ -37,6 +37,9 @@ class StatusLine : public QFrame {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void SetUpFolder();
+  void SetUpFiles();
+  void PlaceParts();
   void Tell();
   void FitFolder();
 

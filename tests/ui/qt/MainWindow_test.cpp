@@ -1,8 +1,10 @@
 // The window around the forms: its areas, help, refusals, what it remembers and how it is left.
 #include <QAccessible>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFile>
 #include <QLabel>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -199,6 +201,21 @@ TEST_F(MainWindowTest, JobsUsedBeforeAreOfferedAndADamagedMemoryIsIgnored) {
   }
 }
 
+TEST_F(MainWindowTest, BordersThatWereMovedStayWhereTheyWere) {
+  toolkit.WindowClose();
+  WindowState state;
+  state.borders = {{"columns", {800, 560}}, {"below", {500, 150}}};
+  state.Write();
+  for (int start = 0; start < 2; ++start) {
+    toolkit.WindowOpen({.width = 1366, .height = 720, .title = "TALVEN"});
+    Ask(kPatternForm, [&](FormDialog&) {
+      EXPECT_NEAR(Window().Texts().width(), 800, 8) << start;
+      EXPECT_NEAR(Window().Texts().height() * 1.0 / (Window().Texts().height() + Window().Form().height()), 0.77, 0.02);
+    });
+    toolkit.WindowClose();
+  }
+}
+
 TEST_F(MainWindowTest, FilesOfTheLastRunAreLinksThatOpen) {
   toolkit.JobSettled("ABC");
   WriteFile("ABC.INS", "old");
@@ -263,7 +280,15 @@ TEST_F(MainWindowTest, AFileGivesJobAndFolder) {
   Select(kJobFileFilter);
   EXPECT_EQ(name, (Path() / "data" / "QUARTZ.HKL").string());
   EXPECT_EQ(std::filesystem::current_path(), Path() / "data");
-  Ask(kJobNameForm, [](FormDialog&) { emit Window().JobFileChosen("/somewhere/SALT.INS"); });
+  Ask(kJobNameForm, [](FormDialog&) {
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile("/somewhere/SALT.INS")});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, {});
+    QApplication::sendEvent(&Window(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, {});
+    QApplication::sendEvent(&Window(), &drop);
+  });
   EXPECT_EQ(toolkit.WDialogGetString(1005), "SALT") << "as by a drop while the form waits";
 }
 
