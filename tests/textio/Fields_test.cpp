@@ -93,7 +93,8 @@ TEST(Fields, RandomNumbersAreWrittenAndReadAsTheStandardLibraryDoes) {
     ASSERT_EQ(ReadI(expected), value);
     expected = expected.size() > 4 ? "****" : std::string(4 - expected.size(), ' ') + expected;
     ASSERT_EQ(Record().I(value, 4).Text(), expected);
-    if (expected != "****") ASSERT_EQ(ReadI(expected), value);
+    if (expected == "****") continue;
+    ASSERT_EQ(ReadI(expected), value);
   }
   EXPECT_EQ(ReadReal<float>("-.5"), -0.5F);
   for (const char* bad : {"", "-", ".", "-.", "1..2", "--1", "1-"}) EXPECT_FALSE(ReadReal<float>(bad)) << bad;

@@ -90,7 +90,7 @@ class ConvertCommand : public FileCommand {
 
   void Write(const std::string& format, const InputPath& input, const PatternFile& file, TextOutput& output) const {
     const bool is_by_ing = format == kAsc || (is_classic_ && (format == "cif" || format == "txt"));
-    if (!is_by_ing) return WritePatternAs(*FindPatternFormat(format), file.pattern, {input.Stem(), {}}, output);
+    if (!is_by_ing) return WritePatternAs(*FindPatternFormat(format), file.pattern, {input.HeadName(), {}}, output);
     TextInput ing(input.Name(), IngTextOf(input, file, input_options_));
     if (format == kAsc) return WriteAscSpectrum(output, ReadIngAsSpectrum(ing));
     if (format == "cif") return WriteClassicCif(ing, output);

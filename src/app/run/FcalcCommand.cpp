@@ -58,7 +58,7 @@ class FcalcCommand : public FileCommand {
     if (!planned.is_done) {
       const CalculatedList list = CalculateList(job.model, std::move(indices), input.Name());
       result.outputs.push_back(std::make_unique<OutputText>());
-      WriteFcf(list, job.model, input.Stem(), *result.outputs.back());
+      WriteFcf(list, job.model, input.HeadName(), *result.outputs.back());
       if (list.divisor != 1.0)
         result.notices.push_back("values are divided by " + Cell::Fixed(list.divisor, 0).TabText());
     }

@@ -15,6 +15,13 @@ InputPath::InputPath(std::string text) : text_(std::move(text)) {
   if (!extension_.empty()) extension_.erase(0, 1);
 }
 
+std::string InputPath::HeadName() const {
+  std::string name = stem_;
+  std::ranges::replace_if(
+      name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, ' ');
+  return name;
+}
+
 std::string FoldCase(std::string_view name) {
   std::string folded(name);
   std::ranges::transform(folded, folded.begin(),

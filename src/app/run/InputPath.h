@@ -22,6 +22,8 @@ class InputPath {
   const std::string& Name() const { return name_; }
   /// Name without its last extension, and that extension in lower case without its point.
   const std::string& Stem() const { return stem_; }
+  /// The stem as it may stand on a line of a file: control characters as blanks.
+  std::string HeadName() const;
   const std::string& Extension() const { return extension_; }
 
  private:

@@ -49,7 +49,7 @@ std::string IngTextOf(const InputPath& input, const PatternFile& file, const Pat
     return std::string(bytes.Content());
   }
   OutputText text;
-  WritePatternAs(PatternFormat::kIng, file.pattern, {.job = input.Stem(), .date = {}}, text);
+  WritePatternAs(PatternFormat::kIng, file.pattern, {.job = input.HeadName(), .date = {}}, text);
   return text.Text();
 }
 

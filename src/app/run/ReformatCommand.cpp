@@ -47,7 +47,7 @@ class ReformatCommand : public FileCommand {
     const IngPattern pattern = Reformat(ing);
     FileResult result;
     result.outputs.push_back(std::make_unique<OutputText>());
-    WriteIng(*result.outputs.back(), JobText(planned.input.Stem()).View(), pattern);
+    WriteIng(*result.outputs.back(), JobText(planned.input.HeadName()).View(), pattern);
     result.row = ConversionRow(planned, file.format, pattern.rows.size(), Shortest(pattern.header.Wavelength));
     result.notices = std::move(file.notices);
     return result;

@@ -93,12 +93,13 @@ class SimulateCommand : public FileCommand {
   FileResult Work(const PlannedInput& planned) const override {
     return workspaces_.With([this, &planned](SimulationData& data) {
       const SimulatedJob job = SimulateJob(planned.input, options_, data);
-      data.pattern.title = planned.input.Stem() + " (Talven)";
+      const std::string job_name = planned.input.HeadName();
+      data.pattern.title = job_name + " (Talven)";
       FileResult result;
       result.row = RowOf(planned.input, job, data);
       result.notices = job.notices;
       const SimulatedFileHead head{
-          .job_name = planned.input.Stem(),
+          .job_name = job_name,
           .end_value = static_cast<double>(job.result.extent.TopAngle),
           .date = date_,
           .time = time_,

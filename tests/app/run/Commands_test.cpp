@@ -259,6 +259,14 @@ TEST_F(RunCommands, OptionsAreRefusedInTheWordsOfTheForm) {
   EXPECT_FALSE(Exists("ABC.ING"));
 }
 
+TEST_F(RunCommands, AStemOfAnyKindStandsOnOneLineOfAHead) {
+  const std::string stem = "a_stem_longer_than_any_job_name\x01\xC3\xA4";
+  for (const char* extension : {".INS", ".HKL"}) fs::copy_file(std::string("ABC") + extension, stem + extension);
+  EXPECT_EQ(RunTool("simulate " + stem + ".INS").exit_code, 0);
+  EXPECT_EQ(LineOf(ReadFile(stem + ".ING"), 1).substr(0, 45), Replaced(stem, "\x01", " ") + " (Talven)");
+  EXPECT_EQ(CountsOf(ReadFile(stem + ".ING")), (RunTool("simulate ABC.INS"), CountsOf(ReadFile("ABC.ING"))));
+}
+
 TEST_F(RunCommands, FailuresNameFileAndReason) {
   WriteFile("NOCELL.INS", "TITL x\n");
   WriteFile("NOCELL.HKL", HklRow(1, 0, 0, 1));

@@ -24,6 +24,13 @@ QPalette DarkPalette() {
   return palette;
 }
 
+/// Into the folder that $TALVEN_SCREENSHOTS names, if it is set.
+void SavePicture(QWidget& window, const QString& name) {
+  const QString folder = qEnvironmentVariable("TALVEN_SCREENSHOTS");
+  if (folder.isEmpty()) return;
+  EXPECT_TRUE(window.grab().save(folder + '/' + name + ".png"));
+}
+
 using Prepare = std::function<void(PlotWidget&)>;
 
 void Set(PlotWidget& plot, const PlotSettings& settings) { plot.ApplySettings(settings); }
