@@ -15,7 +15,7 @@
 namespace talven {
 namespace {
 
-using Document = std::vector<CifBlock>;
+using Document = std::vector<RawCifBlock>;
 
 constexpr std::array<std::string_view, 6> kMeasured = {"_pd_meas_counts_total",  "_pd_meas_intensity_total",
                                                        "_pd_meas_intensity_net", "_pd_proc_intensity_total",
@@ -50,7 +50,7 @@ bool HoldsNumber(const CifColumn& column) {
 }
 
 template <std::size_t N>
-std::optional<CifColumn> FindAny(const CifBlock& block, const std::array<std::string_view, N>& names,
+std::optional<CifColumn> FindAny(const RawCifBlock& block, const std::array<std::string_view, N>& names,
                                  std::string_view* which = nullptr) {
   for (const std::string_view name : names) {
     const auto column = FindCifColumn(block, name);
@@ -61,19 +61,19 @@ std::optional<CifColumn> FindAny(const CifBlock& block, const std::array<std::st
   return std::nullopt;
 }
 
-std::vector<const CifBlock*> FindPatterns(const Document& document) {
-  std::vector<const CifBlock*> found;
-  for (const CifBlock& block : document)
+std::vector<const RawCifBlock*> FindPatterns(const Document& document) {
+  std::vector<const RawCifBlock*> found;
+  for (const RawCifBlock& block : document)
     if (FindAny(block, kMeasured)) found.push_back(&block);
   if (!found.empty()) return found;
-  for (const CifBlock& block : document)
+  for (const RawCifBlock& block : document)
     if (FindAny(block, kCalculated)) found.push_back(&block);
   return found;
 }
 
 /// What a CIF without a readable pattern holds instead.
 std::string WhatElse(const Document& document) {
-  for (const CifBlock& block : document) {
+  for (const RawCifBlock& block : document) {
     if (FindCifColumn(block, "_pd_meas_time_of_flight")) return "a time-of-flight pattern";
     if (FindCifColumn(block, "_refln_index_h")) return "reflections of a structure";
     if (FindCifColumn(block, "_atom_site_label")) return "a structure without a pattern";
@@ -82,13 +82,13 @@ std::string WhatElse(const Document& document) {
 }
 
 /// The wavelength of a block, or where it tells none that of the only other block that does.
-const CifBlock& FindWavelengthBlock(const Document& document, const CifBlock& block) {
-  const auto tells = [](const CifBlock& b) { return FindCifNumber(b, "_diffrn_radiation_wavelength").has_value(); };
+const RawCifBlock& FindWavelengthBlock(const Document& document, const RawCifBlock& block) {
+  const auto tells = [](const RawCifBlock& b) { return FindCifNumber(b, "_diffrn_radiation_wavelength").has_value(); };
   if (tells(block) || std::ranges::count_if(document, tells) != 1) return block;
   return *std::ranges::find_if(document, tells);
 }
 
-void TakeWavelength(const CifBlock& block, Pattern& pattern) {
+void TakeWavelength(const RawCifBlock& block, Pattern& pattern) {
   std::optional<double> wavelength;
   for (const char* const name :
        {"_diffrn_radiation_wavelength", "_diffraction_radiation_wavelength", "_pd_proc_wavelength"})
@@ -109,7 +109,7 @@ void TakeWavelength(const CifBlock& block, Pattern& pattern) {
 }
 
 /// Sets the angle of each row of the counts.
-std::vector<double> RowAngles(const std::string& name, const CifBlock& block, const CifColumn& counts,
+std::vector<double> RowAngles(const std::string& name, const RawCifBlock& block, const CifColumn& counts,
                               std::string_view counts_name, Pattern& pattern, std::vector<std::string>& notices) {
   std::vector<double> angles;
   const auto column = FindAny(block, kAngles);
@@ -171,11 +171,11 @@ void TakeRows(const std::string& name, const CifColumn& counts, const std::optio
 
 PatternFile ReadPowderCif(const std::string& name, std::string_view text, const PatternReadOptions& options) {
   const Document document = Parse(name, text);
-  const std::vector<const CifBlock*> blocks = FindPatterns(document);
+  const std::vector<const RawCifBlock*> blocks = FindPatterns(document);
   if (blocks.empty()) FailInFile(name, "a powder pattern (_pd_meas_counts_total and its like)", WhatElse(document));
   PatternFile file;
   file.format = "powder CIF";
-  const CifBlock& block = *blocks[ChooseScan(name, blocks.size(), options, file)];
+  const RawCifBlock& block = *blocks[ChooseScan(name, blocks.size(), options, file)];
   Pattern& pattern = file.pattern;
   if (BeginsWithDataBlock(text)) pattern.title = block.name;
   TakeWavelength(FindWavelengthBlock(document, block), pattern);
