@@ -19,13 +19,15 @@ constexpr const char* kList =
 struct Result {
   int exit_code;
   std::string messages;
+  std::string output;
 };
 
 Result Start(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "talven-fcalc");
+  std::ostringstream output;
   std::ostringstream messages;
-  const int exit_code = RunFcalc(arguments, messages);
-  return {exit_code, messages.str()};
+  const int exit_code = RunFcalc(arguments, output, messages);
+  return {exit_code, messages.str(), output.str()};
 }
 
 // One atom alone: F squared is that of carbon, (f + f')^2 + f''^2 times the square of its Debye-Waller factor, here by
@@ -60,7 +62,7 @@ TEST(Fcalc, TellsWhatIsWrong) {
     std::string text;
   } cases[] = {
       {{}, kList, 2, "usage"},
-      {{"--help"}, kList, 2, "usage"},
+      {{"--nothing"}, kList, 2, "usage"},
       {{"ABC", "C"}, kList, 2, "usage"},
       {{"ABC", "C:", "auto"}, kList, 2, "usage"},
       {{"ABC", "C:", "AUTO", "x"}, kList, 2, "usage"},
@@ -100,6 +102,12 @@ TEST(Fcalc, LeavesNoHalfFile) {
   EXPECT_TRUE(result.messages.starts_with("talven-fcalc: ABC.fcf.unfinished: cannot be ")) << result.messages;
   EXPECT_FALSE(Exists("ABC.fcf"));
   EXPECT_FALSE(Exists("ABC.fcf.unfinished"));
+}
+
+TEST(Fcalc, AnswersHelpAndVersion) {
+  EXPECT_TRUE(Start({"--help"}).output.starts_with("usage: talven-fcalc JOB"));
+  EXPECT_TRUE(Start({"--version"}).output.starts_with("talven-fcalc 1."));
+  EXPECT_EQ(Start({"--version"}).exit_code, 0);
 }
 
 /// Both readers of FCF files find the rows behind any title, and values that would not fit.
