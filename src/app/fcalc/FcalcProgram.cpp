@@ -79,9 +79,8 @@ void Calculate(const std::string& job, std::ostream& messages) {
   messages << "talven-fcalc: " << ins.Name() << ": " << Counted(model.atoms.size(), "atom") << ", "
            << Counted(model.symmetry.Operators().size(), "operator") << ", wavelength " << Trim(wavelength.Text())
            << " Angstrom\n";
-  if (list.divisor != 1.0)
-    messages << "talven-fcalc: " << fcf << ": values are divided by " << Trim(Record().F(list.divisor, 20, 0).Text())
-             << '\n';
+  if (list.power_of_ten != 0)
+    messages << "talven-fcalc: " << fcf << ": values are divided by " << list.Divisor() << '\n';
   messages << "talven-fcalc: " << fcf << ": " << Counted(list.indices.size(), "row");
   if (rows.repeated > 0) messages << ", " << rows.repeated << " passed over as repeated";
   messages << std::endl;
