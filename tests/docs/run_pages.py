@@ -3,10 +3,10 @@
 
 usage: run_pages.py SOURCE_FOLDER PROGRAM_FOLDER [PAGE...]
 
-Indented lines that begin with `$ ` are commands; a line that ends with a backslash goes on in the next. The commands of a
-page run one after the other in a copy of the samples, and each has to end with exit code 0. Lines below a command
-are its output: each has to come in that order, blanks not compared; `...` stands for what is left out, lines or the rest
-of one.
+Indented lines that begin with `$ ` are commands; a line that ends with a backslash goes on in the next. The commands of
+a page run one after the other in a copy of the samples, and each has to end with exit code 0. Lines below a command are
+its output: each has to come in that order, blanks not compared; `...` stands for what is left out, lines or the rest of
+one.
 """
 import os
 import pathlib
