@@ -68,10 +68,9 @@ constexpr std::array kEntries = {
     Entry{kPatternForm,
           1024,
           {"Adds copies of opposite sign to a list of unique reflections",
-           "Enough for monoclinic and orthorhombic crystals, but for reflections with an index 0, which may "
-           "count two or four times. In tetragonal and cubic lists rows with indices interchanged stay out. Lists that "
-           "are complete "
-           "already are left as they are."}},
+           "Enough for monoclinic and orthorhombic crystals, but for reflections with an index 0, which may count two "
+           "or four times. In tetragonal and cubic lists rows with indices interchanged stay out. Lists that are "
+           "complete already are left as they are."}},
     Entry{kComparisonForm,
           1013,
           {"AngTol: peak error in degrees of 2θ", "Two peaks match if their 2θ differ by less than this."}},
