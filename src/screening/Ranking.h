@@ -58,7 +58,7 @@ void SortFitted(std::vector<FittedRow>& rows);
 std::vector<std::optional<std::size_t>> FindSame(const ScreenTarget& target, const std::vector<LineList>& best);
 
 /// The rows of the table: those of stage 2, best first, and behind them the ones that stage 2 was not for. `same` is
-/// that of the first rows of `fitted`.
+/// that of the first rows of the table.
 std::vector<RankedRow> Rank(const std::vector<FittedRow>& fitted, const std::vector<CoarseRow>& coarse,
                             const std::vector<std::optional<std::size_t>>& same);
 
