@@ -52,7 +52,7 @@ TEST_F(Conversions, AnInputOfAnotherKindIsToldInOneLineApartFromPaneAndBoxes) {
   for (const auto& [file, text, option, hint] :
        {std::tuple{"ABC.CIF", cif, "2", "ABC.CIF: holds no powder pattern"},
         std::tuple{"ABC.TXT", std::string("X,Y here\n1 2\n"), "9", "ABC.TXT: line 1 is neither REM nor X and Y"},
-        std::tuple{"ABC.FCF", fcf, "6", "ABC.FCF: holds LIST 6"},
+        std::tuple{"ABC.FCF", fcf, "6", "ABC.fcf: holds LIST 6"},
         std::tuple{"ABC.FCF", fcf, "7", "ABC.FCF: holds LIST 6"}}) {
     WriteFile(file, text);
     const SessionResult result = RunJob(std::string(option) + "\nok\nok\n");
