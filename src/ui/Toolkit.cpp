@@ -185,6 +185,19 @@ CommandLookup Toolkit::LookUp(std::string_view command) const {
   return LookUpCommand(command, arguments_.empty() ? std::string_view() : arguments_.front());
 }
 
+CommandLookup Toolkit::LookUpAndTell(std::string_view command) {
+  CommandLookup lookup = LookUp(command);
+  if (lookup.command) {
+    TellOfProgram("starting " + lookup.command->program + lookup.command->arguments);
+    return lookup;
+  }
+  std::string text = "none found for " + std::string(command);
+  for (const std::string& path : lookup.looked_at)
+    text.append(path == lookup.looked_at.front() ? "; looked at " : ", ").append(path);
+  TellOfProgram(text);
+  return lookup;
+}
+
 int Toolkit::IOsExecute(std::string_view command) {
   WindowClose();
   const CommandLookup lookup = LookUp(command);

@@ -136,6 +136,8 @@ class Toolkit {
  protected:
   /// The program that a composed command means here.
   CommandLookup LookUp(std::string_view command) const;
+  /// The same, and says so: that it starts now, or that there is none, and where it was looked for.
+  CommandLookup LookUpAndTell(std::string_view command);
   /// Says which program is started, or why none is, apart from all that the logic shows.
   virtual void TellOfProgram(std::string_view line) = 0;
 

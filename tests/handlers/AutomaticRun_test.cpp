@@ -90,6 +90,8 @@ TEST(AutomaticRun, GoesOnWhereTheRefinementGivesNothing) {
     const SessionResult result = RunSession({job, "C", "MOLPAK"}, "");
     EXPECT_EQ(result.exit_code, exit_code) << result.messages;
     EXPECT_EQ(result.Boxes(), boxes);
+    EXPECT_EQ(Count(result.messages, "[program] none found for C:\\exe\\kvrl97.exe ABC C: AUTO; looked at "),
+              *commands == '\0' ? 1 : 0);
     EXPECT_EQ(Count(ReadFile("ABC.HKL"), "  100.00    1.00 "), boxes == no_fcf || exit_code == 1 ? 64 : 0);
     EXPECT_EQ(ReadFile("DUMMY.HKL") == ReadFile(std::string(job) + ".HKL"), exit_code == 0);
     // Of the dummy list four lie below 40 degrees; the one reflection of the FCF gets a copy at -h.

@@ -40,13 +40,6 @@ std::string FileHelp(const std::string& proposed_name) {
          "[help] a blank line or cancel: none\n";
 }
 
-/// Where a program was looked for, to stand behind what is told of it.
-std::string LookedAt(const CommandLookup& lookup) {
-  std::string text;
-  for (const std::string& path : lookup.looked_at) text += (text.empty() ? "; looked at " : ", ") + path;
-  return text;
-}
-
 }  // namespace
 
 ConsoleToolkit::ConsoleToolkit(const std::vector<std::string>& arguments, std::istream& input, std::ostream& output,
@@ -67,12 +60,8 @@ void ConsoleToolkit::Tell(std::string_view lines) {
 }
 
 std::optional<int> ConsoleToolkit::IOsCommand(std::string_view command, int flags) {
-  const CommandLookup lookup = LookUp(command);
-  if (!lookup.command) {
-    TellOfProgram("none found for " + std::string(command) + LookedAt(lookup));
-    return std::nullopt;
-  }
-  TellOfProgram("starting " + lookup.command->program + lookup.command->arguments);
+  const CommandLookup lookup = LookUpAndTell(command);
+  if (!lookup.command) return std::nullopt;
   if ((flags & kWait) != 0) return RunAndWait(*lookup.command);
   return StartDetached(*lookup.command) ? std::optional(0) : std::nullopt;
 }

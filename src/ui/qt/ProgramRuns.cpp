@@ -31,8 +31,7 @@ bool QtToolkit::IsUnattended() const {
 }
 
 std::optional<int> QtToolkit::IOsCommand(std::string_view command, int flags) {
-  const CommandLookup lookup = LookUp(command);
-  if (lookup.command) TellOfProgram("starting " + lookup.command->program + lookup.command->arguments);
+  const CommandLookup lookup = LookUpAndTell(command);
   if ((flags & kWait) == 0) return lookup.command && StartDetached(*lookup.command) ? std::optional(0) : std::nullopt;
   return OnGui([&]() -> std::optional<int> {
     const std::string job = JobOf(command);
@@ -71,6 +70,8 @@ void QtToolkit::TellMissingProgram(const CommandLookup& lookup, const QString& t
 }
 
 void QtToolkit::JudgeProgram(std::optional<int> exit_code, const std::string& job) {
+  // What a program leaves that was stopped may be half a file.
+  while (output_->WasStopped() && Folder().Delete(job + ".FCF")) continue;
   const bool has_fcf = Folder().Find(job + ".FCF").has_value();
   if (!exit_code) output_->Remark("The program could not be started.");
   if (output_->WasStopped())

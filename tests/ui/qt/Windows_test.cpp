@@ -259,7 +259,7 @@ TEST_F(QtToolkitTest, KeepsTheOutputOfAProgramThatWentWrong) {
 }
 
 TEST_F(QtToolkitTest, AProgramThatRunsIsShownAndCanBeStopped) {
-  WriteProgram("slow.exe", "echo begun; sleep 60 & wait; echo never");
+  WriteProgram("slow.exe", "echo half a file >abc.fcf; echo begun; sleep 60 & wait; echo never");
   QTimer user;
   QObject::connect(&user, &QTimer::timeout, [&] {
     if (!Output().isVisible() || !OutputText().contains("begun")) return;
@@ -274,6 +274,7 @@ TEST_F(QtToolkitTest, AProgramThatRunsIsShownAndCanBeStopped) {
   user.start(10);
   EXPECT_EQ(toolkit.IOsCommand("C:\\exe\\slow.exe ABC C:", kWait), 128 + 15);
   EXPECT_TRUE(OutputText().contains("stopped") && OutputText().contains("not the model's"));
+  EXPECT_FALSE(std::filesystem::exists("abc.fcf")) << "what was stopped may have left half a file";
   EXPECT_TRUE(Window().findChild<QLabel*>("remark")->text().contains("not the model's"));
 }
 
