@@ -43,6 +43,8 @@ std::optional<PatternFormat> FindPatternFormat(std::string_view name);
 std::string_view PatternFormatName(PatternFormat format);
 /// True for the formats whose head holds a wavelength, false where nothing would come of it.
 bool HoldsWavelength(PatternFormat format);
+/// False where the format has start and step alone, and the angles do not keep them to a millionth of a degree.
+bool HoldsAngles(PatternFormat format, const Pattern& pattern);
 
 /// What stands in the heads beside the pattern's own values.
 struct PatternFileHead {

@@ -3,6 +3,7 @@
 
 #include "patterns/PatternFormats.h"
 #include "patterns/formats/CpiPattern.h"
+#include "patterns/formats/FinishPattern.h"
 #include "patterns/formats/GsasPattern.h"
 #include "patterns/formats/IngPattern.h"
 #include "patterns/formats/Riet7Pattern.h"
@@ -73,6 +74,10 @@ std::string_view PatternFormatName(PatternFormat format) {
 
 bool HoldsWavelength(PatternFormat format) {
   return Of(format).holds_wavelength;
+}
+
+bool HoldsAngles(PatternFormat format, const Pattern& pattern) {
+  return !Of(format).holds_steps_only || HasExactSteps(pattern);
 }
 
 void WritePatternAs(PatternFormat format, const Pattern& pattern, const PatternFileHead& head, TextOutput& output) {

@@ -77,6 +77,18 @@ TEST(WrittenFormats, KeepEveryPoint) {
     }
 }
 
+TEST(WrittenFormats, TellWhereTheyHoldNoAngles) {
+  Pattern pattern;
+  pattern.two_theta = {10.0, 10.1, 10.2};
+  pattern.counts = {1, 2, 3};
+  pattern.step = 0.1;
+  EXPECT_TRUE(HoldsAngles(PatternFormat::kCpi, pattern));
+  pattern.two_theta[1] = 10.1001;
+  EXPECT_FALSE(HoldsAngles(PatternFormat::kCpi, pattern));
+  EXPECT_FALSE(HoldsAngles(PatternFormat::kPat, pattern));
+  EXPECT_TRUE(HoldsAngles(PatternFormat::kCif, pattern));
+}
+
 TEST(WrittenFormats, HaveTheHeadsOfTheirKind) {
   Pattern pattern;
   pattern.two_theta = {4, 4.05, 4.1};

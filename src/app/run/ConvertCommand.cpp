@@ -77,14 +77,17 @@ class ConvertCommand : public FileCommand {
   }
 
   FileResult Work(const PlannedInput& planned) const override {
-    PatternFile file = ReadInputPattern(planned.input, input_options_);
+    const PatternFile file = ReadInputPattern(planned.input, input_options_);
     FileResult result;
+    result.notices = file.notices;
     for (const std::string& format : formats_) {
       result.outputs.push_back(std::make_unique<OutputText>());
       Write(format, planned.input, file, *result.outputs.back());
+      const auto known = FindPatternFormat(format);
+      if (known && !HoldsAngles(*known, file.pattern))
+        result.notices.push_back(format + ": the angles were written as even steps, for its head has no others.");
     }
     result.row = ConversionRow(planned, file.format, file.pattern.PointCount(), file.pattern.wavelength);
-    result.notices = std::move(file.notices);
     return result;
   }
 

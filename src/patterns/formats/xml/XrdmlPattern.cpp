@@ -1,6 +1,7 @@
 #include "patterns/formats/xml/XrdmlPattern.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "patterns/formats/FinishPattern.h"
 #include "patterns/formats/FormatText.h"
@@ -72,7 +73,14 @@ double RequirePosition(const std::string& name, const pugi::xml_node& positions,
   return *number;
 }
 
-void SetAngles(const std::string& name, const pugi::xml_node& points, Pattern& pattern) {
+/// First and last angle of a scan of even steps.
+struct Ends {
+  double first = 0.0;
+  double last = 0.0;
+};
+
+/// Takes listed angles; gives the ends where only these are told.
+std::optional<Ends> TakeAngles(const std::string& name, const pugi::xml_node& points, Pattern& pattern) {
   const pugi::xml_node positions = points.find_child_by_attribute("positions", "axis", "2Theta");
   const std::string what = "a scan of " + (pattern.scan_axis.empty() ? "an axis not told" : pattern.scan_axis);
   if (!positions) FailInFile(name, "positions of 2Theta", what + " without any");
@@ -81,24 +89,22 @@ void SetAngles(const std::string& name, const pugi::xml_node& points, Pattern& p
                what + " with 2theta at " + std::string(TrimSpace(common.child_value())) + " degrees");
   if (const pugi::xml_node list = positions.child("listPositions")) {
     pattern.two_theta = ReadNumberList(name, list, "positions of 2Theta");
-    if (pattern.two_theta.size() == pattern.PointCount()) return;
+    if (pattern.two_theta.size() == pattern.PointCount()) return std::nullopt;
     FailInFile(name, "as many positions as counts, " + std::to_string(pattern.PointCount()),
                std::to_string(pattern.two_theta.size()));
   }
   const double first = RequirePosition(name, positions, "startPosition");
   const double last = RequirePosition(name, positions, "endPosition");
   if (first == last) FailInFile(name, "a scan of 2theta", what + " with 2theta at " + AngleText(first) + " degrees");
-  SpreadAngles(name, first, last, pattern);
+  return Ends{.first = first, .last = last};
 }
 
-}  // namespace
-
-PatternFile ReadXrdml(const std::string& name, std::string_view text, const PatternReadOptions& options) {
+/// The tree of the file ends with this function, ahead of the memory for angles.
+std::optional<Ends> TakeScan(const std::string& name, std::string_view text, const PatternReadOptions& options,
+                             PatternFile& file) {
   pugi::xml_document document;
   ParseXml(name, text, document);
   const pugi::xml_node root = document.child("xrdMeasurements");
-  PatternFile file;
-  file.format = "XRDML";
   Pattern& pattern = file.pattern;
   const std::vector<pugi::xml_node> scans = FindScans(root);
   const pugi::xml_node scan = scans[ChooseScan(name, scans.size(), options, file)];
@@ -112,7 +118,15 @@ PatternFile ReadXrdml(const std::string& name, std::string_view text, const Patt
   if (points.child("countingTimes"))
     file.notices.emplace_back("The points have counting times of their own; the counts are as they stand.");
   TakeCounts(name, points, file);
-  SetAngles(name, points, pattern);
+  return TakeAngles(name, points, pattern);
+}
+
+}  // namespace
+
+PatternFile ReadXrdml(const std::string& name, std::string_view text, const PatternReadOptions& options) {
+  PatternFile file;
+  file.format = "XRDML";
+  if (const auto ends = TakeScan(name, text, options, file)) SpreadAngles(name, ends->first, ends->last, file.pattern);
   FinishPattern(name, file);
   return file;
 }
