@@ -36,6 +36,9 @@ if(TARGET gemmi::gemmi_cpp)
   pattern_room(cif GEMMI OUTSIDE gemmi::gemmi_cpp)
 elseif(GEMMI_INCLUDE AND PEGTL_INCLUDE)
   pattern_room(cif GEMMI)  # Headers alone, up to version 0.5.
+  if(CMAKE_CROSSCOMPILING)  # The compiler looks elsewhere for its headers.
+    target_include_directories(talven_formats_cif SYSTEM PRIVATE ${GEMMI_INCLUDE} ${PEGTL_INCLUDE})
+  endif()
 else()
   message(STATUS "Without gemmi: powder CIF files are not read, except by option 2")
 endif()
