@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "ui/plot/AxisTickers.h"
+#include "ui/plot/ColumnGraph.h"
 #include "ui/plot/PlotMarks.h"
 
 namespace talven {
@@ -75,16 +76,21 @@ void PlotCanvas::MatchGraphs() {
   clearGraphs();
   const auto& series = model_.Series();
   for (std::size_t i = 0; i < series.size(); ++i) {
-    addGraph()->setName(QString::fromStdString(series[i].title));
+    AddCurve(QString::fromStdString(series[i].title));
   }
   // Behind the curves of the patterns, with or without points: background and difference.
-  addGraph()->setName("Background");
-  addGraph()->setName("Difference");
+  AddCurve("Background");
+  AddCurve("Difference");
   for (int i = 0; i < graphCount(); ++i) graph(i)->setAdaptiveSampling(false);
   const bool has_background = shows_peaks_ && !picker_.Background().empty();
   if (!has_background) graph(graphCount() - 2)->removeFromLegend();
   if (!model_.HasDifference()) graph(graphCount() - 1)->removeFromLegend();
   legend->setVisible(series.size() > 1 || has_background);
+}
+
+void PlotCanvas::AddCurve(const QString& name) {
+  // The plot owns it.
+  (new ColumnGraph(xAxis, yAxis))->setName(name);
 }
 
 void PlotCanvas::UpdateMarks() {

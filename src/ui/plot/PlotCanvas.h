@@ -86,6 +86,7 @@ class PlotCanvas : public QCustomPlot {
   void FillCurves();
   void FillCurve(int graph, const Curve& curve);
   void MatchGraphs();
+  void AddCurve(const QString& name);
   void ReserveTickStrip();
   void ZoomAxis(QCPAxis& axis, double factor, double centre);
   const MarkedPeak* MarkAt(QPointF position) const;
