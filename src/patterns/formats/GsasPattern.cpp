@@ -17,7 +17,7 @@ constexpr std::size_t kLineLength = 80;
 constexpr double kHundredths = 100.0;
 
 bool IsBankLine(std::string_view line) {
-  return StartsWithNoCase(line, "bank") && CountWords(line) >= 5;
+  return StartsIgnoringCase(line, "bank") && CountWords(line) >= 5;
 }
 
 /// What a BANK line tells; angles in degrees.

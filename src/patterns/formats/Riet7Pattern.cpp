@@ -98,7 +98,7 @@ void RefuseSimulated(const TextInput& dat) {
              "the length of the title, as simulations write it; the ING or XY file of the job holds the same pattern");
 }
 
-/// What stands behind start, step and end.
+/// What stands after start, step and end.
 std::string_view BehindRange(std::string_view line) {
   for (int i = 0; i < 3; ++i) NextWord(line);
   return TrimSpace(line);
@@ -142,7 +142,7 @@ PatternFile ReadRiet7(TextInput& dat) {
   if (!ReadNumbers(dat, count, pattern.sigma)) {
     if (!pattern.sigma.empty())
       file.notices.push_back("Only " + std::to_string(pattern.sigma.size()) +
-                             " numbers stand behind the counts: they were not taken as standard deviations.");
+                             " numbers follow the counts: they were not taken as standard deviations.");
     pattern.sigma.clear();
   }
   SpreadAngles(dat.Name(), range.first, range.last, pattern);

@@ -144,7 +144,7 @@ class UxdReader {
 bool LooksLikeUxd(std::string_view text) {
   const std::vector<std::string_view> lines = FirstLines(text, kHeadLines);
   return std::ranges::any_of(lines, [](std::string_view line) {
-    return StartsWithNoCase(line, "_drive=") || StartsWithNoCase(line, "_fileversion=");
+    return StartsIgnoringCase(line, "_drive=") || StartsIgnoringCase(line, "_fileversion=");
   });
 }
 

@@ -102,7 +102,7 @@ TEST(Fcalc, LeavesNoHalfFile) {
   EXPECT_FALSE(Exists("ABC.fcf.unfinished"));
 }
 
-/// Both readers of FCF files find the rows behind any title, and values that would not fit.
+/// Both readers of FCF files find the rows after any title, and values that would not fit.
 TEST(Fcalc, IsReadByBothReaders) {
   for (const std::string title :
        {"", "an 'o' in column 48 that is found only here: ooooooooooo", "seven texts 1 2 3 4 5 6 7 8",
