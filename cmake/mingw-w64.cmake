@@ -7,6 +7,17 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 # The programs bring the run-time library of the compiler with them.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+# Libraries that are headers alone serve for Windows too, in a folder of their own: beside the others of this system they
+# would hide those of Windows.
+get_property(is_trial GLOBAL PROPERTY IN_TRY_COMPILE)
+if(NOT is_trial)
+  foreach(folder gemmi tao stb CLI)
+    if(EXISTS /usr/include/${folder})
+      file(COPY /usr/include/${folder} DESTINATION ${CMAKE_BINARY_DIR}/headers/include)
+    endif()
+  endforeach()
+  list(APPEND CMAKE_FIND_ROOT_PATH ${CMAKE_BINARY_DIR}/headers)
+endif()
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -16,4 +16,4 @@ _talven() {
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$word")
 }
 
-complete -o default -o bashdefault -F _talven talven talven-console talven-run
+complete -o default -o bashdefault -F _talven talven talven-console talven-run talven-fcalc talven-view

@@ -84,7 +84,7 @@ bool IsZip(const Source& source) {
 }
 
 bool IsXrdml(const Source& source) {
-  constexpr std::size_t kHeadSize = 4096;
+  constexpr std::size_t kHeadSize = 65536;
   std::string_view head = std::string_view(source.bytes).substr(0, kHeadSize);
   if (head.starts_with("\xEF\xBB\xBF")) head.remove_prefix(3);
   return TrimSpace(head).starts_with('<') && head.find("<xrdMeasurements") != std::string_view::npos;
@@ -188,6 +188,7 @@ PatternFile ReadSource(Source& source) {
   for (const Format& format : kFirstFormats)
     if (format.fits(source)) return ReadAs(format, source);
   CheckText(source);
+  if (source.bytes.find('\n') == std::string::npos) std::ranges::replace(source.bytes, '\r', '\n');
   for (const Format& format : kTextFormats)
     if (format.fits(source)) return ReadAs(format, source);
   FailInFile(source.name, "a pattern in a known format", "none");

@@ -14,6 +14,10 @@ constexpr double kMedianSquare = 0.4549;
 constexpr double kMostScatter = 3.0;
 /// Sum of the squares of 1, -4, 6, -4, 1.
 constexpr double kFourthDifferenceSquares = 70.0;
+/// Points on either side that tell the mean count where the scatter is measured.
+constexpr std::size_t kScatterHalfWindow = 3;
+/// Errors below this share of the highest value are none: a calculated pattern has no scatter at all.
+constexpr double kSmallestError = 1e-5;
 
 struct Moments {
   double count = 0.0;
@@ -50,17 +54,6 @@ double MeasureScatter(const std::vector<double>& y, const std::vector<double>& v
   return squares.empty() ? 1.0 : Median(std::move(squares)) / kMedianSquare;
 }
 
-/// Values below zero had a background taken off, whose noise is the same everywhere; others were scaled.
-void ScaleToScatter(const EvenGrid& grid, double scatter, std::vector<double>& variances) {
-  const auto [lowest, highest] = std::ranges::minmax(grid.counts);
-  // A calculated pattern has no scatter at all.
-  const double smallest = 1e-18 * highest * highest;
-  const bool is_net = grid.are_whole_numbers && lowest < 0.0;
-  const double added = is_net ? MeasureScatter(grid.counts, std::vector<double>(variances.size(), 1.0)) : 0.0;
-  const double factor = is_net ? 1.0 : scatter;
-  for (double& variance : variances) variance = std::max(factor * variance + added, smallest);
-}
-
 /// The mean over 2 * half + 1 points, fewer at the ends.
 std::vector<double> RunningMean(const std::vector<double>& values, std::size_t half) {
   std::vector<double> sums(values.size() + 1, 0.0);
@@ -72,6 +65,14 @@ std::vector<double> RunningMean(const std::vector<double>& values, std::size_t h
     means[i] = (sums[end] - sums[first]) / static_cast<double>(end - first);
   }
   return means;
+}
+
+/// Of each point as a mean of counts.
+std::vector<double> CountVariances(const EvenGrid& grid, const std::vector<double>& background, std::size_t half) {
+  std::vector<double> variances = RunningMean(grid.counts, half);
+  for (std::size_t i = 0; i < variances.size(); ++i)
+    variances[i] = std::max({variances[i], background[i], 1.0}) / grid.points_averaged;
+  return variances;
 }
 
 }  // namespace
@@ -109,14 +110,26 @@ std::vector<double> Convolve(const std::vector<double>& values, const std::vecto
   return sums;
 }
 
+NoiseScale MeasureNoise(const EvenGrid& grid, const std::vector<double>& background) {
+  NoiseScale noise;
+  const double scatter = MeasureScatter(grid.counts, CountVariances(grid, background, kScatterHalfWindow));
+  noise.is_scaled = grid.variance.empty() && (!grid.are_whole_numbers || scatter > kMostScatter);
+  if (!noise.is_scaled) return noise;
+  const auto [lowest, highest] = std::ranges::minmax(grid.counts);
+  noise.smallest = kSmallestError * kSmallestError * highest * highest;
+  // Values below zero had a background taken off, whose noise is the same everywhere; others were scaled.
+  if (grid.are_whole_numbers && lowest < 0.0)
+    noise.added = grid.points_averaged * MeasureScatter(grid.counts, std::vector<double>(grid.PointCount(), 1.0));
+  else
+    noise.factor = scatter;
+  return noise;
+}
+
 std::vector<double> PointVariances(const EvenGrid& grid, const std::vector<double>& background, double fwhm,
-                                   bool& is_scaled) {
-  std::vector<double> variances = RunningMean(grid.counts, static_cast<std::size_t>(0.5 * fwhm / grid.step));
-  for (std::size_t i = 0; i < variances.size(); ++i)
-    variances[i] = std::max({variances[i], background[i], 1.0}) / grid.points_averaged;
-  const double scatter = MeasureScatter(grid.counts, variances);
-  is_scaled = grid.variance.empty() && (!grid.are_whole_numbers || scatter > kMostScatter);
-  if (is_scaled) ScaleToScatter(grid, scatter, variances);
+                                   const NoiseScale& noise) {
+  std::vector<double> variances = CountVariances(grid, background, static_cast<std::size_t>(0.5 * fwhm / grid.step));
+  for (double& variance : variances)
+    variance = std::max(noise.factor * variance + noise.added / grid.points_averaged, noise.smallest);
   for (std::size_t i = 0; i < grid.variance.size(); ++i)
     if (grid.variance[i] > 0.0) variances[i] = grid.variance[i];
   return variances;

@@ -21,10 +21,23 @@ std::size_t HalfWindow(double width, double step);
 /// Sums of weights and values around each point; 0 for those nearer to an end than the weights reach.
 std::vector<double> Convolve(const std::vector<double>& values, const std::vector<double>& weights);
 
+/// How the errors of a pattern's values differ from those of counts. It is measured on the pattern's own steps:
+/// averages scatter as little as their points happen to.
+struct NoiseScale {
+  /// The values are no whole numbers, or scatter far more than counts do: their errors are those of their scatter.
+  bool is_scaled = false;
+  /// The variance of a point is `factor` times that of a count, plus `added`, and `smallest` at least.
+  double factor = 1.0;
+  double added = 0.0;
+  double smallest = 0.0;
+};
+
+/// Of a grid that averages as few of the pattern's points as can be.
+NoiseScale MeasureNoise(const EvenGrid& grid, const std::vector<double>& background);
+
 /// The variance of each point of a grid: as the grid tells it, else the mean count over one width of a peak, which is
-/// not below the background nor below 1. Values that are no whole numbers, or scatter far more than counts do, are of
-/// an unknown scale: the variance then is scaled so that it agrees with their scatter, which `is_scaled` tells.
+/// not below the background nor below 1, on the scale of the noise.
 std::vector<double> PointVariances(const EvenGrid& grid, const std::vector<double>& background, double fwhm,
-                                   bool& is_scaled);
+                                   const NoiseScale& noise);
 
 }  // namespace talven

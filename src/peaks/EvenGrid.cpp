@@ -121,6 +121,8 @@ EvenGrid Resample(const Points& points, double step) {
   const double range = points.two_theta.back() - points.two_theta.front();
   grid.counts.resize(static_cast<std::size_t>(range / step + kPlaceTolerance) + 1);
   grid.variance.resize(points.variance.empty() ? 0 : grid.counts.size());
+  grid.points_averaged =
+      std::max(1.0, static_cast<double>(points.counts.size()) / static_cast<double>(grid.counts.size()));
   std::size_t next = 0;
   for (std::size_t i = 0; i < grid.counts.size(); ++i) {
     const double place = grid.TwoTheta(i);

@@ -35,12 +35,13 @@ struct Scan {
   EvenGrid grid;
   std::vector<double> smoothed;  // above the background
   std::vector<PeakCandidate> candidates;
-  bool is_scaled = false;
 };
 
+/// What is known of a pattern before the width of its peaks is.
 struct Background {
   EvenGrid grid;
   std::vector<double> values;
+  NoiseScale noise;
 };
 
 /// The distance in points from a top to where the curve falls below half of it, or to where it rises again before.
@@ -107,7 +108,7 @@ Scan ScanPattern(const Pattern& pattern, const Background& background, double fw
   scan.grid = MakeEvenGrid(pattern, fwhm / kPointsPerWidth);
   const EvenGrid& grid = scan.grid;
   const std::vector<double> base = InterpolateGrid(background.grid, background.values, Angles(grid));
-  const std::vector<double> variances = PointVariances(grid, base, fwhm, scan.is_scaled);
+  const std::vector<double> variances = PointVariances(grid, base, fwhm, background.noise);
   std::vector<double> weights = CurvatureWeights(HalfWindow(kWindow * fwhm, grid.step));
   const std::vector<double> curvature = Convolve(grid.counts, weights);
   for (double& weight : weights) weight *= weight;
@@ -174,7 +175,7 @@ PeakSearch SearchPeaks(const Pattern& pattern, const PeakOptions& options) {
   PeakSearch search;
   search.wavelength = options.wavelength ? options.wavelength : pattern.wavelength;
   search.alpha2_wavelength_ratio = Alpha2Ratio(search.wavelength, pattern.wavelength_alpha2);
-  Background background{MakeEvenGrid(pattern, kFinestBackgroundStep), {}};
+  Background background{MakeEvenGrid(pattern, kFinestBackgroundStep), {}, {}};
   search.notices = background.grid.notices;
   search.fwhm = options.fwhm.value_or(kWidthOfNothing);
   search.background = pattern.counts;
@@ -183,11 +184,12 @@ PeakSearch SearchPeaks(const Pattern& pattern, const PeakOptions& options) {
     return search;
   }
   background.values = EstimateBackground(background.grid);
+  background.noise = MeasureNoise(background.grid, background.values);
   search.background = InterpolateGrid(background.grid, background.values, pattern.two_theta);
   if (!options.fwhm) search.fwhm = MeasureWidth(pattern, background);
   Scan scan = ScanPattern(pattern, background, search.fwhm);
   search.candidates = std::move(scan.candidates);
-  if (scan.is_scaled)
+  if (background.noise.is_scaled)
     search.notices.emplace_back("the values are no plain counts; their error was taken from their scatter");
   return search;
 }

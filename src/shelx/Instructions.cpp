@@ -86,6 +86,11 @@ bool InstructionReader::Begin(std::string_view line) {
     instruction_.text = line.substr(4);
     return true;
   }
+  if (line.front() == '+') {
+    instruction_.keyword.assign(1, '+');
+    instruction_.text = line.substr(1, line.find('!') - 1);
+    return true;
+  }
   const std::string_view word = line.substr(0, line.find_first_of(" \t,!="));
   instruction_.keyword = ToUpper(word.substr(0, word.find('_')));
   line.remove_prefix(word.size());

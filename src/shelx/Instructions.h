@@ -19,7 +19,7 @@ struct Instruction {
 
   /// Number of its first line, from 1.
   std::size_t line = 0;
-  /// First word in upper case, without a `_suffix`.
+  /// First word in upper case, without a `_suffix`; of a line that names another file just its `+`.
   std::string keyword;
   /// What stands after the first word.
   std::string text;

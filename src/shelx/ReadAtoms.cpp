@@ -17,13 +17,13 @@ constexpr double kUsualDisplacement = 0.05;
 
 /// By the alphabet. HOPE to TREF are those of SHELX-76, SHELXS and SHELXD that stand in old or unfinished files.
 constexpr std::string_view kKeywords[] = {
-    "ABIN", "ACTA", "AFIX", "ANIS", "ANSC", "ANSR", "BASF", "BEDE", "BIND", "BLOC", "BOND", "BUMP", "CELL", "CGLS",
-    "CHIV", "CONF", "CONN", "DAMP", "DANG", "DEFS", "DELU", "DFIX", "DISP", "EADP", "END",  "EQIV", "ESEL", "EXTI",
-    "EXYZ", "FEND", "FIND", "FLAT", "FMAP", "FRAG", "FREE", "FVAR", "GRID", "HFIX", "HKLF", "HOPE", "HTAB", "INIT",
-    "ISOR", "L.S.", "LATT", "LAUE", "LIST", "LONE", "MERG", "MIND", "MOLE", "MORE", "MOVE", "MPLA", "NCSY", "NEUT",
-    "NTRY", "OMIT", "PART", "PATS", "PATT", "PHAN", "PLAN", "PRIG", "REM",  "RESI", "RIGU", "RTAB", "SADI", "SAME",
-    "SEED", "SFAC", "SHEL", "SIMU", "SIZE", "SPEC", "SPIN", "STIR", "SUMP", "SWAT", "SYMM", "TEMP", "TEXP", "TIME",
-    "TITL", "TREF", "TWIN", "TWST", "UNIT", "VECT", "WEED", "WGHT", "WIGL", "WPDB", "XNPD", "ZERR"};
+    "+",    "ABIN", "ACTA", "AFIX", "ANIS", "ANSC", "ANSR", "BASF", "BEDE", "BIND", "BLOC", "BOND", "BUMP", "CELL",
+    "CGLS", "CHIV", "CONF", "CONN", "DAMP", "DANG", "DEFS", "DELU", "DFIX", "DISP", "EADP", "END",  "EQIV", "ESEL",
+    "EXTI", "EXYZ", "FEND", "FIND", "FLAT", "FMAP", "FRAG", "FREE", "FVAR", "GRID", "HFIX", "HKLF", "HOPE", "HTAB",
+    "INIT", "ISOR", "L.S.", "LATT", "LAUE", "LIST", "LONE", "MERG", "MIND", "MOLE", "MORE", "MOVE", "MPLA", "NCSY",
+    "NEUT", "NTRY", "OMIT", "PART", "PATS", "PATT", "PHAN", "PLAN", "PRIG", "REM",  "RESI", "RIGU", "RTAB", "SADI",
+    "SAME", "SEED", "SFAC", "SHEL", "SIMU", "SIZE", "SPEC", "SPIN", "STIR", "SUMP", "SWAT", "SYMM", "TEMP", "TEXP",
+    "TIME", "TITL", "TREF", "TWIN", "TWST", "UNIT", "VECT", "WEED", "WGHT", "WIGL", "WPDB", "XNPD", "ZERR"};
 
 /// Label, scatterer and position in the words after the label; an atom also where one of them is spoilt.
 bool LooksLikeAtom(const Instruction& instruction) {
@@ -139,7 +139,7 @@ void AtomReader::SetDisplacement(const Instruction& instruction, Atom& atom) {
     return;
   }
   const double coded = afix_group_.u.value_or(NumberIfThere(instruction, kFirst).value_or(kUsualDisplacement));
-  if (coded > -5.0 && coded <= -0.5) {
+  if (coded >= -5.0 && coded <= -0.5) {
     if (!last_u_) Notice(instruction, atom.label + " takes its U from the atom before it, and there is none");
     atom.u_isotropic = last_u_ ? -coded * *last_u_ : kUsualDisplacement;
     return;

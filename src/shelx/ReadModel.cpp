@@ -157,8 +157,8 @@ void NoticeUnheeded(const TextInput& ins, const Instruction& instruction, ModelR
     text = keyword + " is passed over: the calculated values are those of the atoms alone";
   else if (keyword == "NEUT")
     text = "NEUT is passed over: the scattering factors are those for X-rays";
-  else if (keyword.starts_with('+'))
-    text = "the file " + keyword.substr(1) + " is not read";
+  else if (keyword == "+")
+    text = "the file " + Quote(Trim(instruction.text)) + " is not read";
   else if (!IsKnownKeyword(keyword) && instruction.words.empty())
     text = Quote(keyword) + " is passed over: it is no instruction";
   if (!text.empty()) reading.notices.push_back(At(ins, instruction.line, text));

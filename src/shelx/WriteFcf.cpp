@@ -10,14 +10,15 @@
 namespace talven {
 namespace {
 
-/// What is read from the rows is divided by 100 at most once and then written in eight columns without decimals.
-constexpr double kLargestValue = 9.99e8;
+/// A blank stays in front of each value: readers know a row by the number of its texts.
+constexpr double kLargestValue = 9.99e7;
 constexpr double kSmallestSigma = 0.01;
 
 /// Lines stay short of column 48, where readers look for the status letter, and below seven texts, by which they know
 /// a row.
 constexpr std::size_t kLongestLine = 47;
 constexpr std::size_t kMostWords = 4;
+constexpr std::string_view kBlock = "data_";
 
 std::string TitleText(std::string_view title, std::size_t room) {
   std::string text;
@@ -33,13 +34,21 @@ std::string TitleText(std::string_view title, std::size_t room) {
   return text;
 }
 
+/// The name of a data block has no blanks, and nothing beyond ASCII.
+std::string BlockName(std::string_view job) {
+  std::string name(job.substr(0, kLongestLine - kBlock.size()));
+  std::replace_if(
+      name.begin(), name.end(), [](char c) { return c <= ' ' || c > '~'; }, '_');
+  return name;
+}
+
 void WriteHead(const CalculatedList& list, const CrystalModel& model, std::string_view job, TextOutput& fcf) {
   constexpr std::string_view kTitle = "_shelx_title '";
-  fcf.WriteLine(std::string("data_") + std::string(job.substr(0, kLongestLine - 5)));
+  fcf.WriteLine(std::string(kBlock) + BlockName(job));
   const std::string title = TitleText(model.title, kLongestLine - kTitle.size() - 1);
   fcf.WriteLine(std::string(kTitle) + title + "'");
   fcf.WriteLine("_shelx_refln_list_code          4");
-  if (list.divisor != 1.0) fcf.WriteLine(Record().A("# F squared divided by ").F(list.divisor, 16, 0));
+  if (list.power_of_ten != 0) fcf.WriteLine("# F squared divided by " + list.Divisor());
   const Lattice& cell = model.lattice;
   const std::pair<std::string_view, double> items[] = {
       {"_cell_length_a    ", cell.a},     {"_cell_length_b    ", cell.b},    {"_cell_length_c    ", cell.c},
@@ -62,9 +71,10 @@ CalculatedList CalculateList(const CrystalModel& model, std::vector<MillerIndex>
       throw FatalIoError(std::string(name) + ": its displacements give an F squared beyond all numbers");
     largest = std::max(largest, value);
   }
-  while (largest / list.divisor > kLargestValue) list.divisor *= 10.0;
-  if (list.divisor != 1.0)
-    for (double& value : list.squared_factors) value /= list.divisor;
+  double divisor = 1.0;
+  for (; largest / divisor > kLargestValue; divisor *= 10.0) ++list.power_of_ten;
+  if (list.power_of_ten != 0)
+    for (double& value : list.squared_factors) value /= divisor;
   return list;
 }
 

@@ -26,8 +26,11 @@ namespace talven {
 struct CalculatedList {
   std::vector<MillerIndex> indices;
   std::vector<double> squared_factors;
-  /// A power of ten: 1, unless values would not fit their columns.
-  double divisor = 1.0;
+  /// 0, unless values would not fit their columns.
+  int power_of_ten = 0;
+
+  /// As it is told: `10^2`.
+  std::string Divisor() const { return "10^" + std::to_string(power_of_ten); }
 };
 
 /// Calculates the rows of an FCF. Throws FatalIoError with `name` for a model whose sum is no number.

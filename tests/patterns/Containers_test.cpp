@@ -100,13 +100,20 @@ TEST(Containers, ReadRasx) {
   EXPECT_EQ(ReadPattern("a.rasx", rasx, {.scan = 2}).pattern.counts, (std::vector<double>{1, 2, 3}));
   EXPECT_EQ(ErrorOf([] { ReadPattern("a.rasx", Zip(Rasx("Omega"))); }),
             "a.rasx: expected a scan of 2theta, found a scan of Omega");
+  const std::string others = Zip({{"Data10/Profile0.txt", "10 7\n11 8\n"},
+                                  {"Data2/Profile2.txt", "20 1\n21 2\n"},
+                                  {"Data2/MeasurementConditions2.xml", Conditions("TwoTheta")}});
+  EXPECT_EQ(ReadPattern("a.rasx", others, {.scan = 1}).pattern.wavelength, 1.5406);
+  EXPECT_EQ(ReadPattern("a.rasx", others, {.scan = 2}).pattern.counts, (std::vector<double>{7, 8}));
   for (std::size_t tenth = 1; tenth < 10; ++tenth)
     EXPECT_NE(ErrorOf([&] { ReadPattern("a.rasx", rasx.substr(0, rasx.size() * tenth / 10)); }), "(no error)");
 }
 
-std::string RawData(const std::string& views) {
+std::string RawData(const std::string& views, const std::string& information = "") {
   return "<RawData><DataRoutes><DataRoute RouteFlag=\"Measured\"><ScanInformation VisibleName=\"Coupled\"><ScanAxes>"
-         "<ScanAxisInfo AxisId=\"Theta\"/><ScanAxisInfo AxisId=\"TwoTheta\"/></ScanAxes></ScanInformation>"
+         "<ScanAxisInfo AxisId=\"Theta\"/><ScanAxisInfo AxisName=\"TwoTheta\"/></ScanAxes>" +
+         information +
+         "</ScanInformation>"
          "<Datum>1,2,5.00,10.0,7</Datum><Datum>1,1,5.25,10.5,8</Datum>" +
          views + "</DataRoute></DataRoutes><WaveLengthAlpha1 Value=\"1.5406\"/></RawData>";
 }
@@ -120,6 +127,9 @@ TEST(Containers, ReadBrml) {
   EXPECT_EQ(read("").counts, (std::vector<double>{14, 8})) << "times the absorption factor";
   EXPECT_EQ(read(view + "1\"><Recording/></RawDataView></DataViews>").counts, (std::vector<double>{7, 8}));
   EXPECT_EQ(read("").wavelength, 1.5406);
+  const std::string stopped =
+      Zip({{"Experiment0/RawData0.xml", RawData("", "<MeasurementPoints>900</MeasurementPoints>")}});
+  EXPECT_EQ(ReadPattern("a.brml", stopped).notices.front(), "The scan was to have 900 points; it ended after 2.");
   EXPECT_EQ(ErrorOf([&] { read(view + "192\"><Recording/></RawDataView></DataViews>"); }),
             "a.brml (Experiment0/RawData0.xml): expected one count to a point, found 192, as in an image");
 }

@@ -81,6 +81,18 @@ TEST(Formats, ReadTables) {
       {"A.dat", "   4.000   0.050   4.100\n      2012345678 4444444\n", "RIET7 DAT", angles, {20, 12345678, 4444444}},
       {"A.UXD", "_FILEVERSION=2\n_WL1=1.5406\n_DRIVE='COUPLED'\n_STEPSIZE=0.05\n_START=4.0\n_COUNTS\n20 457\n94\n",
        "UXD", angles, counts, 1.5406},
+      {"A.xy", "4.00 20\r4.05 457\r4.10 94\r", "XY", angles, counts},
+      {"A.xy", "4.00 20 # a\n4.05 457 ! b\n4.10 94\n", "XY", angles, counts},
+      {"A.chi", "a.tif\n2-Theta Angle (Degrees)\nIntensity\n   3\n 4.00 20\n4.05 457\n4.10 94\n", "XY", angles, counts},
+      {"A.csv",
+       "Type,K-Alpha1\nK-Alpha1 wavelength,1.540598\nK-Alpha2 wavelength,1.544\nScan range,4,4.1\n4.00,20\n"
+       "4.05,457\n4.10,94\n",
+       "XY", angles, counts, 1.540598, 1},
+      {"A.dat", "4 .05 4.1\n20 457 94 0 0 0 0\n", "RIET7 DAT", angles, counts},
+      {"A.dat", "4 .05 4.1\n20 457 94 95\n", "RIET7 DAT", angles, counts, 0.0, 1},
+      {"A.uxd", "_DRIVE = 'COUPLED'\n_STEPSIZE = 0.05\n_START = 4.0\n_STEPCOUNT = 2\n_COUNTS\n20 457 94\n", "UXD",
+       angles, counts, 0.0, 1},
+      {"A.fxye", "Salt\nBANK 1 3 3 CONS 400 5 0 0 FXYE\n400 20 3\n405 457 4\n410 94 5\n", "GSAS FXYE", angles, counts},
       {"A.fxye", kFxye, "GSAS FXYE", {10, 10.05, 10.1}, {10, 20, 30}},
       {"A.gsa",
        "Salt\nBANK 1 12 2 CONST 1000 5 0 0 STD\n" + std::string("       1       2       3       4       5") +
@@ -124,6 +136,12 @@ TEST(Formats, ReadXrdml) {
        {1, 2, 3},
        1.5406},
       {"a", Xrdml(list + factors + "<counts>1 2 3</counts>"), "XRDML", {10, 10.2, 11}, {1, 20, 3}, 1.5406, 1},
+      {"a",
+       Xrdml(Positions("<listPositions>10 <!-- a --> 10.2 11</listPositions>") + "<counts>1 2<!-- b --> 3</counts>"),
+       "XRDML",
+       {10, 10.2, 11},
+       {1, 2, 3},
+       1.5406},
   };
   for (const Case& c : kCases) ExpectPattern(c);
   const PatternFile file = ReadPattern("a.xrdml", Xrdml(kEnds + "<intensities>1 2 3</intensities>"));
@@ -166,9 +184,50 @@ TEST(Formats, ReadPowderCif) {
   };
   for (const Case& c : kCases) ExpectPattern(c);
   const PatternFile file = ReadPattern("a.cif", kCases[1].content);
+  EXPECT_EQ(ReadPattern("a.cif", "data_\n" + range + "loop_ _pd_meas_counts_total 20 457 94\n").pattern.title, "");
   EXPECT_EQ(file.pattern.sigma, (std::vector<double>{4, 20, 9}));
   const std::string lines = "loop_ _diffrn_radiation_wavelength _diffrn_radiation_wavelength_wt\n1.5406 1 1.5444 .5\n";
   EXPECT_EQ(ReadPattern("a.cif", kCases[1].content + lines).pattern.alpha2_ratio, 0.5);
+}
+
+TEST(Formats, ReadPowderCifsThatTellLess) {
+  if (IsMissing("powder CIF")) GTEST_SKIP() << "built without gemmi";
+  const std::string start = "data_a\n_diffrn_radiation_wavelength.value 1.5402(2)\n";
+  const std::string counts = "loop_\n_pd_meas_counts_total\n20 457 94\n";
+  const std::vector<double> angles = {4.0, 4.05, 4.1};
+  const std::string first = start + "_pd_meas_2theta_range_min 4\n";
+  const Case kCases[] = {
+      {"no end", first + "_pd_meas_2theta_range_inc .05\n" + counts, "powder CIF", angles, {20, 457, 94}, 1.5402},
+      {"no step",
+       first + "_pd_meas_2theta_range_max 4.1\n_pd_meas_number_of_points 3\n" + counts,
+       "powder CIF",
+       angles,
+       {20, 457, 94},
+       1.5402},
+      // d = 1.5402 / (2 sin(theta)) of 2theta 60, 90 and 180.
+      {"spacings",
+       start + "loop_\n_pd_proc_d_spacing\n_pd_proc_intensity_net\n1.5402 5\n1.0890858643835 6\n0.7701 7\n",
+       "powder CIF",
+       {60, 90, 180},
+       {5, 6, 7},
+       1.5402,
+       1},
+      {"fewer rows than told",
+       start + "_pd_meas_number_of_points 4\nloop_\n_pd_meas_2theta_scan\n_pd_meas_counts_total\n4 1\n5 2\n6 3\n",
+       "powder CIF",
+       {4, 5, 6},
+       {1, 2, 3},
+       1.5402,
+       1},
+      {"cut",
+       start + "loop_\n_pd_meas_2theta_scan\n_pd_meas_counts_total\n4 1\n5 2",
+       "powder CIF",
+       {4, 5},
+       {1, 2},
+       1.5402,
+       1},
+  };
+  for (const Case& c : kCases) ExpectPattern(c);
 }
 
 TEST(Formats, RefuseWhatIsNotSound) {
@@ -206,6 +265,11 @@ TEST(Formats, RefuseWhatIsNotSound) {
       {"a.ING", kIngHead + "1000000000\n4 1\n5 2\n", "a.ING: expected 1000000000 rows, as line 7 tells, found 2"},
       {"a.dat", "t\n4 0.00000001 94\n 1 2 3\n",
        "a.dat, line 3: expected 9000000001 counts by start, step and end, found 3"},
+      {"a.dat", "4 0 94\n 1 2 3\n", "a.dat, line 1: expected a step that is not 0, found 0"},
+      {"a.dat", "t\n4 1 5\n 1 20 1 30 1 40\n",
+       "a.dat, line 3: expected 2 counts by start, step and end, found 4 more on the line"},
+      {"a.chi", "t\n2-Theta\nI\n 1000000000\n 4 1\n 5 2\n",
+       "a.chi: expected 1000000000 rows, as the number ahead of them tells, found 2"},
       {"a.pat", "Mirade/Talven Shelx HKL to RIET7 DAT\n\n\n\n  12.000   0.050  12.050\n 1 2 3 4 5 6 7 8 9 10\n",
        "a.pat: expected a head with the first angle, found the length of the title, as simulations write it; the ING "
        "or "
@@ -220,6 +284,8 @@ TEST(Formats, RefuseWhatIsNotSound) {
       {"a.uxd", "_DRIVE='PHI'\n_COUNTS\n1 2\n", "a.uxd, line 2: expected a scan of 2theta, found a scan of phi"},
       {"a.uxd", "_DRIVE='COUPLED'\n_START=4\n_STEPSIZE=0\n_COUNTS\n1 2\n",
        "a.uxd: expected a step that is not 0, found 0"},
+      {"a.uxd", "_DRIVE='COUPLED'\n_START=4\n_STEPSIZE=1\n_STEPCOUNT=3\n_COUNTS\n1 2\n",
+       "a.uxd: expected 3 points, as _STEPCOUNT tells, found 2"},
       {"a.raw", "RAW4.00", "a.raw: expected a pattern in a known format, found none"},
       {"a.xrdml", Xrdml(still, "Omega"),
        "a.xrdml: expected a scan of 2theta, found a scan of Omega with 2theta at 30.5 degrees", "XRDML"},
@@ -235,6 +301,9 @@ TEST(Formats, RefuseWhatIsNotSound) {
       {"a.cif", "data_a\nloop_\n_atom_site_label\nC1\n",
        "a.cif: expected a powder pattern (_pd_meas_counts_total and its like), found a structure without a pattern",
        "powder CIF"},
+      {"a.cif",
+       "data_a\n_pd_meas_number_of_points 1000000000\nloop_\n_pd_meas_2theta_scan\n_pd_meas_counts_total\n4 1\n",
+       "a.cif: expected 1000000000 rows of counts, as the number of points tells, found 1", "powder CIF"},
       {"a.cif", "data_a\n_b 'c\n", "a.cif, line 2: expected CIF, found something else (unterminated 'string')",
        "powder CIF"},
       {"a.cif", "data_a\nloop_\n_pd_meas_time_of_flight\n_pd_meas_counts_total\n1 2\n3 4\n",

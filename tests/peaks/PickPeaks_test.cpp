@@ -78,6 +78,29 @@ TEST(PickPeaks, FindsPeaksWhereTheyAreAndNothingElse) {
   EXPECT_GT(PickPeaks(search, {.threshold = 0.1}).peaks.size(), 50U);
 }
 
+TEST(PickPeaks, MeasuresWidthAndHeightWhateverTheNoiseIs) {
+  // Two Gauss peaks, their values as they come, or rounded, on a background that is smooth or a saw-tooth: its scatter
+  // vanishes in averages over a tooth.
+  for (const double step : {0.005, 0.02})
+    for (const int tooth : {1, 7})
+      for (const bool is_rounded : {false, true}) {
+        Pattern pattern;
+        for (int i = 0; i * step <= 20.0; ++i) {
+          const double x = 20.0 + i * step;
+          double y = 100.0 + 3.0 * (i % tooth);
+          for (const double place : {25.0, 33.0}) y += 5000.0 * std::exp2(-400.0 * (x - place) * (x - place));
+          pattern.two_theta.push_back(x);
+          pattern.counts.push_back(is_rounded ? std::round(y) : y);
+        }
+        const PickedPeaks picked = PickPeaks(pattern, {});
+        ASSERT_EQ(picked.peaks.size(), 2U) << step << ' ' << tooth << ' ' << is_rounded;
+        EXPECT_NEAR(picked.fwhm, 0.1, 0.01) << step << ' ' << tooth << ' ' << is_rounded;
+        EXPECT_NEAR(picked.peaks[0].two_theta, 25.0, 0.001);
+        EXPECT_NEAR(picked.peaks[0].height, 5000.0, 200.0) << step << ' ' << tooth << ' ' << is_rounded;
+        EXPECT_EQ(picked.notices.empty(), is_rounded);
+      }
+}
+
 TEST(PickPeaks, KeepsTheStrongestHundred) {
   std::vector<std::pair<double, double>> peaks;
   for (int i = 0; i < 120; ++i) peaks.emplace_back(10.0 + 0.6 * i, i % 6 == 0 ? 300.0 : 5000.0);

@@ -56,13 +56,13 @@ TEST_F(ReadModelTest, WorksOutAtoms) {
       {"c1\t1\t0.1\t0.2\t0.3 11 0.04\r", "C1 100 200 300 1000 400; "},
       {"C1 1 10.1 0.2 30.5 21.0 31.1", "C1 100 200 350 400 7700; "},
       {"C1 1 .1 .2 .3 =\n 10.5 0.01 0.02 =\n 0.03 0 0 0", "C1 100 200 300 500 200a; "},
-      {"C1 1 .1 .2 .3 =\n10.5 0.02 ! 0.03", "C1 100 200 300 500 200; "},
+      {"++My 1 1 1 1.dfx\nC1 1 .1 .2 .3 =\n10.5 0.02 ! 0.03", "C1 100 200 300 500 200; "},
       // Riding: twice, on the last that does not ride, hydrogen included; never on a peak.
       {"C1 1 0 0 0 11 .03\nH1 2 0 0 .1 11 -1.2\nH2 2 0 0 .2 11 -1.5\nO1 3 0 .2 .3 11 .02\nQ1 1 0 0 0 11 .09\nH3 2 0 .3 "
-       ".3 11 -0.5\nH4 2 0 .4 .3 11 .06\nH5 2 0 .5 .3 11 -2",
+       ".3 11 -0.5\nH4 2 0 .4 .3 11 .06\nH5 2 0 .5 .3 11 -5",
        "C1 0 0 0 1000 300; H1 0 0 100 1000 360; H2 0 0 200 1000 450; O1 0 200 300 1000 200; H3 0 300 300 1000 100; H4 "
        "0 "
-       "400 300 1000 600; H5 0 500 300 1000 1200; "},
+       "400 300 1000 600; H5 0 500 300 1000 3000; "},
       {"PART 1 -31\nC1 1 .1 .2 .3 21\nPART 2\nC2 1 .1 .2 .3 21\nPART 0\nC3 1 .4 .4 .4",
        "C1 100 200 300 300 500; C2 100 200 300 400 500; C3 400 400 400 1000 500; "},
       {"AFIX 66 1.39 10.5 10.08\nC1 1 .1 .2 .3 11 .02 .02 .02 0 0 0\nAFIX 43\nC2 1 .1 .3 .3 11 .03",
@@ -176,10 +176,11 @@ TEST_F(ReadModelTest, NoticesWhatIsDoubtful) {
       {test::Replaced(kHead, "UNIT 1 0 0", "UNIT 2 0 0") + atom + "C2 1 .11 .2 1.3\n",
        "line 2: 2 atoms lie on top of others, the first is C1 on C2"},
       {kHead + "C1 1 .1 .2 .3 10.5\nC2 1 .1 .2 .3 10.5\n", ""},
-      {kHead + "SWAT\nNEUT\n+peptide.txt\nABIN\n" + atom,
+      {kHead + "SWAT\nNEUT\n+My_peptide.txt ! x\nABIN\n" + atom,
        "line 7: SWAT is passed over: the calculated values are those of the atoms alone|line 8: NEUT is passed over: "
        "the "
-       "scattering factors are those for X-rays|line 9: the file PEPTIDE.TXT is not read|line 10: ABIN is passed over: "
+       "scattering factors are those for X-rays|line 9: the file \"My_peptide.txt\" is not read|line 10: ABIN is "
+       "passed over: "
        "the "
        "calculated values are those of the atoms alone"},
       {kHead + "DISP N 0 0\nCELL 1 1 1 1 90 90 90\n" + atom,

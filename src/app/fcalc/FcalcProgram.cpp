@@ -17,6 +17,17 @@ namespace {
 
 constexpr std::size_t kMostArguments = 4;
 
+constexpr std::string_view kUsage =
+    "usage: talven-fcalc JOB [DRIVE: [AUTO]]\n"
+    "\n"
+    "Calculates F squared of the model in JOB.INS for the rows of JOB.HKL and writes JOB.fcf.\n"
+    "\n"
+    "  JOB           name of the job, whose files lie in the current directory\n"
+    "  DRIVE:, AUTO  what an automatic run of talven adds; they change nothing\n"
+    "\n"
+    "  -h, --help    prints this text\n"
+    "  --version     prints the version\n";
+
 bool IsCommandLine(const std::vector<std::string>& arguments) {
   if (arguments.size() < 2 || arguments.size() > kMostArguments) return false;
   if (arguments[1].empty() || arguments[1].starts_with('-')) return false;
@@ -30,6 +41,7 @@ void WriteWhole(const Folder& folder, const std::string& name, const CalculatedL
   const std::string unfinished = name + ".unfinished";
   const auto path = folder.FindForWriting(name);
   if (!path) throw FatalIoError(name + ": cannot be opened for writing: there is no such drive");
+  folder.Delete(unfinished);  // Should it be a link, what it points to stays.
   try {
     OutputFile output;
     output.Open(folder, unfinished);
@@ -67,9 +79,8 @@ void Calculate(const std::string& job, std::ostream& messages) {
   messages << "talven-fcalc: " << ins.Name() << ": " << Counted(model.atoms.size(), "atom") << ", "
            << Counted(model.symmetry.Operators().size(), "operator") << ", wavelength " << Trim(wavelength.Text())
            << " Angstrom\n";
-  if (list.divisor != 1.0)
-    messages << "talven-fcalc: " << fcf << ": values are divided by " << Trim(Record().F(list.divisor, 20, 0).Text())
-             << '\n';
+  if (list.power_of_ten != 0)
+    messages << "talven-fcalc: " << fcf << ": values are divided by " << list.Divisor() << '\n';
   messages << "talven-fcalc: " << fcf << ": " << Counted(list.indices.size(), "row");
   if (rows.repeated > 0) messages << ", " << rows.repeated << " passed over as repeated";
   messages << std::endl;
@@ -77,11 +88,18 @@ void Calculate(const std::string& job, std::ostream& messages) {
 
 }  // namespace
 
-int RunFcalc(const std::vector<std::string>& arguments, std::ostream& messages) {
+int RunFcalc(const std::vector<std::string>& arguments, std::ostream& output, std::ostream& messages) {
+  const std::string_view first = arguments.size() > 1 ? std::string_view(arguments[1]) : "";
+  if (first == "--help" || first == "-h" || first == "--version") {
+    if (first == "--version") {
+      output << "talven-fcalc " << TALVEN_VERSION << '\n';
+    } else {
+      output << kUsage;
+    }
+    return output.flush() ? 0 : 1;
+  }
   if (!IsCommandLine(arguments)) {
-    messages << "usage: talven-fcalc JOB [DRIVE: [AUTO]]\n"
-                "Calculates F squared of the model in JOB.INS for the rows of JOB.HKL and writes JOB.fcf.\n"
-             << std::flush;
+    messages << kUsage << std::flush;
     return 2;
   }
   try {

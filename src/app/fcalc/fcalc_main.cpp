@@ -5,5 +5,5 @@
 
 int main(int argc, char** argv) {
   talven::EnsureStandardStreams();
-  return talven::RunFcalc({argv, argv + argc}, std::cerr);
+  return talven::RunFcalc({argv, argv + argc}, std::cout, std::cerr);
 }

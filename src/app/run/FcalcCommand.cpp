@@ -59,8 +59,7 @@ class FcalcCommand : public FileCommand {
       const CalculatedList list = CalculateList(job.model, std::move(indices), input.Name());
       result.outputs.push_back(std::make_unique<OutputText>());
       WriteFcf(list, job.model, input.HeadName(), *result.outputs.back());
-      if (list.divisor != 1.0)
-        result.notices.push_back("values are divided by " + Cell::Fixed(list.divisor, 0).TabText());
+      if (list.power_of_ten != 0) result.notices.push_back("values are divided by " + list.Divisor());
     }
     result.row = {Cell::Text(input.Text()),
                   Cell::Integer(static_cast<std::int64_t>(job.model.atoms.size())),

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <map>
 #include <new>
+#include <string_view>
 
 #include "app/run/OptionText.h"
 #include "app/run/StopSignal.h"
@@ -35,6 +37,35 @@ Attempt<Value> Try(const Function& make) {
   }
   return attempt;
 }
+
+/// Tells the first notice of each kind and counts the others: the files of one source are all noticed for the same.
+class NoticeCounter {
+ public:
+  explicit NoticeCounter(Reporter& reporter) : reporter_(reporter) {}
+
+  void Take(const std::string& file, const std::string& notice) {
+    if (++counts_[KindOf(file, notice)] == 1) reporter_.Notice(file, notice);
+  }
+  void TellCounts() const {
+    for (const auto& [kind, count] : counts_)
+      if (count > 1) reporter_.Notice("candidates", std::to_string(count - 1) + " more notices of this kind: " + kind);
+  }
+
+ private:
+  /// What a notice says of any file: without its name, the line, numbers and particulars.
+  static std::string KindOf(std::string_view file, std::string_view notice) {
+    if (notice.starts_with(file)) notice.remove_prefix(std::min(file.size() + 2, notice.size()));
+    const std::size_t colon = notice.find(": ");
+    if (notice.starts_with("line ") && colon != std::string_view::npos) notice.remove_prefix(colon + 2);
+    std::string kind(notice.substr(0, notice.find_first_of(":,;")));
+    std::erase_if(kind, [](char c) { return c >= '0' && c <= '9'; });
+    kind.erase(0, kind.find_first_not_of(' '));
+    return kind;
+  }
+
+  Reporter& reporter_;
+  std::map<std::string, std::size_t> counts_;
+};
 
 /// Makes a value for each of many files and hands it over in their order; failures are told. False after a stop signal.
 template <typename Value, typename Make, typename Take>
@@ -137,6 +168,7 @@ std::optional<ScreenTarget> ReadMeasured(const std::string& path, const ScreenOp
 CoarseResult RunCoarse(const ScreenTarget& target, const std::vector<CandidateFile>& files, std::size_t threads,
                        Reporter& reporter) {
   CoarseResult result;
+  NoticeCounter notices_of_all(reporter);
   result.is_whole = ForEach<CoarseRow>(
       files.size(), threads, reporter,
       [&](std::size_t i, std::vector<std::string>& notices) {
@@ -145,7 +177,7 @@ CoarseResult RunCoarse(const ScreenTarget& target, const std::vector<CandidateFi
         return ScreenCoarsely(target, candidate, files[i].index);
       },
       [&](std::size_t i, Attempt<CoarseRow> attempt) {
-        for (const std::string& notice : attempt.notices) reporter.Notice(files[i].path, notice);
+        for (const std::string& notice : attempt.notices) notices_of_all.Take(files[i].path, notice);
         if (attempt.value) {
           result.rows.push_back(std::move(*attempt.value));
         } else {
@@ -153,6 +185,7 @@ CoarseResult RunCoarse(const ScreenTarget& target, const std::vector<CandidateFi
           result.failed.push_back(files[i]);
         }
       });
+  notices_of_all.TellCounts();
   return result;
 }
 

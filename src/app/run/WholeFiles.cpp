@@ -38,12 +38,15 @@ class TemporaryFiles {
     std::string name = FromPath(target.filename());
     name.insert(0, 1, '.').append(".").append(std::to_string(ProcessNumber())).append(".tmp");
     const fs::path path = target.parent_path() / ToPath(name);
+    std::error_code error;
+    fs::remove(path, error);  // Left by a process of the same number that was ended.
+    errno = 0;
+    if (!CreateNewFile(FromPath(path))) FailByErrno(file);
+    paths_.push_back(FromPath(path));
     std::ofstream stream;
     stream.rdbuf()->pubsetbuf(nullptr, 0);
-    errno = 0;
     stream.open(path, std::ios::binary | std::ios::trunc);
     if (!stream) FailByErrno(file);
-    paths_.push_back(FromPath(path));
     stream.write(file.content.data(), static_cast<std::streamsize>(file.content.size()));
     stream.close();
     if (stream.fail()) FailByErrno(file);

@@ -20,6 +20,9 @@ void WriteWholeFiles(const std::vector<WholeFile>& files);
 /// Has the system put files that were written onto its disk, so that they are whole after a power failure too. Gives
 /// the place of one for which it can't, or their number.
 std::size_t SyncFiles(const std::vector<std::string>& paths);
+/// Makes an empty file that was not there: neither one of somebody else nor what a link points to is taken for it.
+/// False with errno set if that failed.
+bool CreateNewFile(const std::string& path);
 /// The number of this process.
 long ProcessNumber();
 

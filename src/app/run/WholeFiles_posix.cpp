@@ -29,6 +29,11 @@ std::size_t SyncFiles(const std::vector<std::string>& paths) {
   return unsynced;
 }
 
+bool CreateNewFile(const std::string& path) {
+  const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  return file >= 0 && close(file) == 0;
+}
+
 long ProcessNumber() {
   return static_cast<long>(getpid());
 }

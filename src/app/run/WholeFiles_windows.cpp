@@ -2,6 +2,8 @@
 #define NOMINMAX
 #include <windows.h>
 
+#include <cerrno>
+
 #include "app/run/WholeFiles.h"
 #include "textio/FileNames.h"
 
@@ -22,6 +24,14 @@ std::size_t SyncFiles(const std::vector<std::string>& paths) {
   for (std::size_t i = 0; i < paths.size(); ++i)
     if (!SyncFile(paths[i])) return i;
   return paths.size();
+}
+
+bool CreateNewFile(const std::string& path) {
+  const HANDLE file = CreateFileW(ToPath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+  if (file != INVALID_HANDLE_VALUE) return CloseHandle(file) != 0;
+  const DWORD error = GetLastError();
+  errno = error == ERROR_ACCESS_DENIED ? EACCES : error == ERROR_PATH_NOT_FOUND ? ENOENT : EEXIST;
+  return false;
 }
 
 long ProcessNumber() {

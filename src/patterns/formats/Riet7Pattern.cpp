@@ -19,6 +19,7 @@ constexpr std::size_t kMostTitles = 6;
 constexpr std::size_t kFieldWidth = 8;
 constexpr std::size_t kColumns = 10;
 constexpr std::size_t kLookedAt = 4;
+constexpr std::size_t kMiscount = 2;
 constexpr std::string_view kSimulatedTitle = "Mirade/Talven Shelx HKL to RIET7 DAT";
 /// Words of that title, and start, step and end.
 constexpr std::size_t kSimulatedHeadWords = 9;
@@ -30,8 +31,8 @@ struct Range {
   double PointCount() const { return std::round((last - first) / step) + 1.0; }
 };
 
-/// Start, step and end at the front of a line, if three numbers there can be that.
-std::optional<Range> FindRange(std::string_view line) {
+/// Three numbers at the front of a line.
+std::optional<Range> FindThree(std::string_view line) {
   std::array<double, 3> value{};
   for (double& v : value) {
     std::string_view word = NextWord(line);
@@ -40,10 +41,22 @@ std::optional<Range> FindRange(std::string_view line) {
     if (!number) return std::nullopt;
     v = *number;
   }
-  const Range range{value[0], value[1], value[2]};
-  const double steps = (range.last - range.first) / range.step;
+  return Range{value[0], value[1], value[2]};
+}
+
+/// A head like any other but for its step.
+bool StandsStill(const Range& range) {
+  return range.step == 0.0 && range.first < range.last && range.last <= 180.0;
+}
+
+/// Start, step and end at the front of a line, if three numbers there can be that.
+std::optional<Range> FindRange(std::string_view line) {
+  const auto range = FindThree(line);
+  if (!range || StandsStill(*range)) return range;
+  const double steps = (range->last - range->first) / range->step;
   const bool is_whole = std::abs(steps - std::round(steps)) <= 0.01 + 1e-5 * std::abs(steps);
-  if (!(steps >= 1.0) || !(steps < 1e15) || !is_whole || !(range.step > 0.0) || range.last > 180.0) return std::nullopt;
+  if (!(steps >= 1.0) || !(steps < 1e15) || !is_whole || !(range->step > 0.0) || range->last > 180.0)
+    return std::nullopt;
   return range;
 }
 
@@ -80,7 +93,8 @@ std::optional<double> NextNumber(std::string_view& rest, std::size_t length) {
 }
 
 /// Reads up to so many numbers from the next lines. False at the first word that is none or at the end of the file.
-bool ReadNumbers(TextInput& dat, std::size_t count, std::vector<double>& values) {
+/// `rest` is what stands after the last one on its line.
+bool ReadNumbers(TextInput& dat, std::size_t count, std::vector<double>& values, std::string_view& rest) {
   for (std::string_view line; values.size() < count && dat.ReadLine(line);) {
     const std::size_t length = line.size();
     while (values.size() < count && !TrimSpace(line).empty()) {
@@ -88,8 +102,23 @@ bool ReadNumbers(TextInput& dat, std::size_t count, std::vector<double>& values)
       if (!number) return false;
       values.push_back(*number);
     }
+    rest = line;
   }
   return values.size() == count;
+}
+
+/// Numbers after the last count: zeros fill its line, one or two are a miscount of the writer, more are no counts by
+/// start, step and end.
+void CheckRest(const TextInput& dat, std::string_view rest, PatternFile& file) {
+  std::size_t numbers = 0;
+  for (auto value = ReadReal<double>(NextWord(rest)); value; value = ReadReal<double>(NextWord(rest)))
+    if (*value != 0.0) ++numbers;
+  const std::string count = std::to_string(file.pattern.PointCount());
+  if (numbers > kMiscount)
+    dat.Fail(count + " counts by start, step and end", std::to_string(numbers) + " more on the line");
+  if (numbers > 0)
+    file.notices.push_back("Start, step and end make " + count + " points; " + std::to_string(numbers) +
+                           " more on the line of the last one were passed over.");
 }
 
 /// A simulation's DAT has the length of the title for its start, and leaves out the points that fill no line of ten.
@@ -108,6 +137,7 @@ Range ReadHead(TextInput& dat, PatternFile& file) {
   for (std::size_t i = 0; i <= kMostTitles; ++i) {
     const std::string_view line = dat.RequireLine("start, step and end");
     if (const auto range = FindRange(line)) {
+      if (StandsStill(*range)) dat.Fail("a step that is not 0", "0");
       if (file.pattern.title.empty()) file.pattern.title = BehindRange(line);
       return *range;
     }
@@ -133,13 +163,15 @@ PatternFile ReadRiet7(TextInput& dat) {
   const auto count = static_cast<std::size_t>(range.PointCount());
   Pattern& pattern = file.pattern;
   pattern.counts.reserve(std::min(count, dat.Content().size() / 2));
-  if (!ReadNumbers(dat, count, pattern.counts)) {
+  std::string_view rest;
+  if (!ReadNumbers(dat, count, pattern.counts, rest)) {
     if (pattern.title == kSimulatedTitle) RefuseSimulated(dat);
     dat.Fail(std::to_string(count) + " counts by start, step and end", std::to_string(pattern.PointCount()));
   }
   if (pattern.title == kSimulatedTitle && CountWords(dat.Content()) != count + kSimulatedHeadWords)
     RefuseSimulated(dat);
-  if (!ReadNumbers(dat, count, pattern.sigma)) {
+  CheckRest(dat, rest, file);
+  if (!ReadNumbers(dat, count, pattern.sigma, rest)) {
     if (!pattern.sigma.empty())
       file.notices.push_back("Only " + std::to_string(pattern.sigma.size()) +
                              " numbers follow the counts: they were not taken as standard deviations.");

@@ -21,7 +21,8 @@ namespace talven {
 
 bool LooksLikeRiet7(std::string_view text);
 
-/// Throws FatalIoError for a number that cannot be read and for fewer counts than start, step and end make.
+/// Throws FatalIoError for a number that cannot be read, a step of 0, and fewer counts than start, step and end make or
+/// more by three on the line of the last.
 PatternFile ReadRiet7(TextInput& input);
 
 /// The pattern has a step.

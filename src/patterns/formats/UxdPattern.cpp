@@ -43,6 +43,7 @@ struct Range {
   std::optional<double> start;
   std::optional<double> two_theta;
   std::optional<double> step;
+  std::optional<double> point_count;
 };
 
 class UxdReader {
@@ -74,11 +75,13 @@ class UxdReader {
   void TakeSetting(const Setting& setting) {
     const auto number = ReadReal<double>(setting.value);
     Pattern& pattern = file_.pattern;
-    if (setting.name == "_drive") range_ = {.drive = ToLower(setting.value), .start = {}, .two_theta = {}, .step = {}};
+    if (setting.name == "_drive")
+      range_ = {.drive = ToLower(setting.value), .start = {}, .two_theta = {}, .step = {}, .point_count = {}};
     if (setting.name == "_sample") pattern.title = setting.value;
     if (setting.name == "_start") range_.start = number;
     if (setting.name == "_2theta") range_.two_theta = number;
     if (setting.name == "_stepsize") range_.step = number;
+    if (setting.name == "_stepcount") range_.point_count = number;
     if (!number || *number <= 0.0) return;
     if (setting.name == "_steptime") pattern.step_time = number;
     if (setting.name == "_wl1") pattern.wavelength = number;
@@ -104,7 +107,18 @@ class UxdReader {
       }
     }
     NoticeCutText(uxd_.Content(), file_);
+    CheckCount();
     if (!has_angles) SetAngles();
+  }
+
+  void CheckCount() {
+    const std::size_t count = file_.pattern.PointCount();
+    if (!range_.point_count || *range_.point_count == static_cast<double>(count)) return;
+    const std::string told = NumberText(*range_.point_count);
+    if (*range_.point_count > static_cast<double>(count))
+      FailInFile(uxd_.Name(), told + " points, as _STEPCOUNT tells", std::to_string(count));
+    file_.notices.push_back("_STEPCOUNT tells of " + told + " points; the " + std::to_string(count) +
+                            " counts were taken.");
   }
 
   void TakeRow(std::string_view text) {
@@ -144,7 +158,8 @@ class UxdReader {
 bool LooksLikeUxd(std::string_view text) {
   const std::vector<std::string_view> lines = FirstLines(text, kHeadLines);
   return std::ranges::any_of(lines, [](std::string_view line) {
-    return StartsIgnoringCase(line, "_drive=") || StartsIgnoringCase(line, "_fileversion=");
+    const std::string name = line.starts_with('_') ? SplitSetting(line).name : "";
+    return name == "_drive" || name == "_fileversion";
   });
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <optional>
 #include <string>
 
 #include "patterns/formats/FinishPattern.h"
@@ -37,6 +39,11 @@ std::string_view RemarkText(std::string_view text) {
   return TrimSpace(text.substr(std::min(text.find_first_not_of("#!;%'\"/* \t"), text.size())));
 }
 
+/// A row without a remark after its numbers.
+std::string_view WithoutRemark(std::string_view text) {
+  return TrimSpace(text.substr(0, text.find_first_of("#!")));
+}
+
 /// Reads the rows of one table.
 class TableReader {
  public:
@@ -47,6 +54,7 @@ class TableReader {
     lines_.reserve(input_.Content().size() / kShortestRow);
     for (std::string_view line; input_.ReadLine(line);) TakeLine(TrimSpace(line));
     if (file_.pattern.counts.empty()) FailInFile(input_.Name(), "a pattern in a known format", "none");
+    CheckToldCount();
     NoticeCutText(input_.Content(), file_);
     file_.format = columns_ == 3 ? "XYE" : "XY";
     FinishPattern(input_.Name(), file_, lines_);
@@ -61,7 +69,7 @@ class TableReader {
       TakeRemark(text);
     } else if (IsRemark(text)) {
       TakeRemark(text);
-    } else if (!TakeRow(text)) {
+    } else if (!TakeRow(WithoutRemark(text))) {
       if (columns_ != 0) input_.Fail(std::to_string(columns_) + " numbers", Quote(text));
       TakeRemark(text);
     }
@@ -69,7 +77,8 @@ class TableReader {
 
   void TakeRemark(std::string_view text) {
     TakeRemarkedWavelength(text, input_.LineNumber(), file_);
-    const bool is_column_head = FindNoCase(text, "theta") != std::string_view::npos;
+    const bool is_column_head =
+        FindNoCase(text, "theta") != std::string_view::npos || FindNoCase(text, "angle") != std::string_view::npos;
     if (file_.pattern.title.empty() && columns_ == 0 && !is_column_head && text.find('=') == std::string_view::npos)
       file_.pattern.title = RemarkText(text);
   }
@@ -79,6 +88,7 @@ class TableReader {
     std::array<double, kMostColumns> value{};
     const std::size_t count = SplitRow(text, value);
     if (count == 0) return false;
+    if (columns_ == 0 && count == 1 && TakeToldCount(value[0])) return true;
     if (columns_ == 0 && (count == 1 || count > kMostColumns))
       input_.Fail("two or three columns", std::to_string(count));
     if (columns_ == 0) columns_ = count;
@@ -90,10 +100,25 @@ class TableReader {
     return true;
   }
 
+  /// A number alone on one line ahead of the rows is how many of them there are.
+  bool TakeToldCount(double value) {
+    if (told_count_ || value < 2.0 || value != std::floor(value)) return false;
+    told_count_ = value;
+    return true;
+  }
+
+  void CheckToldCount() const {
+    const std::size_t rows = file_.pattern.PointCount();
+    if (told_count_ && *told_count_ != static_cast<double>(rows))
+      FailInFile(input_.Name(), NumberText(*told_count_) + " rows, as the number ahead of them tells",
+                 std::to_string(rows));
+  }
+
   /// Number of columns, 0 if one of them is no number. Values beyond the third are not kept.
   std::size_t SplitRow(std::string_view text, std::array<double, kMostColumns>& value) {
     const bool has_gaps = text.find_first_of(" \t;") != std::string_view::npos;
-    if (!has_gaps && text.find('.') == std::string_view::npos && std::ranges::count(text, ',') > 2)
+    const bool is_whole_numbers = text.find_first_not_of("0123456789,+-") == std::string_view::npos;
+    if (!has_gaps && is_whole_numbers && std::ranges::count(text, ',') > 2)
       input_.Fail("columns that stand apart by more than the decimal comma", Quote(text));
     const std::string_view separators = has_gaps ? " \t;" : ",";
     std::size_t count = 0;
@@ -130,6 +155,7 @@ class TableReader {
   PatternFile file_;
   std::vector<std::uint32_t> lines_;
   std::size_t columns_ = 0;
+  std::optional<double> told_count_;
   bool in_comment_ = false;
   bool has_points_ = false;
   bool has_commas_ = false;

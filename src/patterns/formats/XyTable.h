@@ -5,7 +5,8 @@
 //        10.05    157.00   12.50
 //
 // Columns stand apart by blanks, tabs, semicolons or commas. A comma is a decimal sign where columns stand apart
-// without it and no number of the file has a point: "10,05 157,5". A wavelength told in a remark is taken.
+// without it and no number of the file has a point: "10,05 157,5". A wavelength told in a remark is taken. A number
+// alone ahead of the rows, as in CHI files, is how many they are.
 #pragma once
 
 #include "patterns/formats/PatternFile.h"
@@ -14,7 +15,8 @@
 
 namespace talven {
 
-/// Throws FatalIoError for rows of other widths, text among the rows, and commas that may mean either.
+/// Throws FatalIoError for rows of other widths or of another number than told, text among the rows, and commas that
+/// may mean either.
 PatternFile ReadXyTable(TextInput& input);
 
 /// Angles and counts with nothing else; with sigma as third column.

@@ -19,13 +19,15 @@ constexpr const char* kList =
 struct Result {
   int exit_code;
   std::string messages;
+  std::string output;
 };
 
 Result Start(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), "talven-fcalc");
+  std::ostringstream output;
   std::ostringstream messages;
-  const int exit_code = RunFcalc(arguments, messages);
-  return {exit_code, messages.str()};
+  const int exit_code = RunFcalc(arguments, output, messages);
+  return {exit_code, messages.str(), output.str()};
 }
 
 // One atom alone: F squared is that of carbon, (f + f')^2 + f''^2 times the square of its Debye-Waller factor, here by
@@ -49,6 +51,14 @@ TEST(Fcalc, WritesEachPairOnce) {
   EXPECT_FALSE(Exists("ABC.fcf.unfinished"));
 }
 
+TEST(Fcalc, NamesTheBlockInOneWord) {
+  const TestDirectory directory;
+  WriteFile("a b c 1 2 3\xC3\xA9.INS", kModel);
+  WriteFile("a b c 1 2 3\xC3\xA9.HKL", kList);
+  EXPECT_EQ(Start({"a b c 1 2 3\xC3\xA9"}).exit_code, 0);
+  EXPECT_TRUE(ReadFile("a b c 1 2 3\xC3\xA9.fcf").starts_with("data_a_b_c_1_2_3__\n_shelx"));
+}
+
 TEST(Fcalc, TellsWhatIsWrong) {
   const TestDirectory directory;
   WriteFile("ABC.INS", kModel);
@@ -60,7 +70,7 @@ TEST(Fcalc, TellsWhatIsWrong) {
     std::string text;
   } cases[] = {
       {{}, kList, 2, "usage"},
-      {{"--help"}, kList, 2, "usage"},
+      {{"--nothing"}, kList, 2, "usage"},
       {{"ABC", "C"}, kList, 2, "usage"},
       {{"ABC", "C:", "auto"}, kList, 2, "usage"},
       {{"ABC", "C:", "AUTO", "x"}, kList, 2, "usage"},
@@ -102,6 +112,12 @@ TEST(Fcalc, LeavesNoHalfFile) {
   EXPECT_FALSE(Exists("ABC.fcf.unfinished"));
 }
 
+TEST(Fcalc, AnswersHelpAndVersion) {
+  EXPECT_TRUE(Start({"--help"}).output.starts_with("usage: talven-fcalc JOB"));
+  EXPECT_TRUE(Start({"--version"}).output.starts_with("talven-fcalc 1."));
+  EXPECT_EQ(Start({"--version"}).exit_code, 0);
+}
+
 /// Both readers of FCF files find the rows after any title, and values that would not fit.
 TEST(Fcalc, IsReadByBothReaders) {
   for (const std::string title :
@@ -127,10 +143,12 @@ TEST(Fcalc, DividesWhatDoesNotFit) {
   WriteFile("ABC.INS", Replaced(Replaced(kModel, "1000", "100000"), "11 0.01", "21 0.01"));
   WriteFile("ABC.HKL", kList);
   const Result result = Start({"ABC"});
-  EXPECT_EQ(Count(result.messages, "ABC.fcf: values are divided by 1000."), 1) << result.messages;
-  EXPECT_EQ(Count(ReadFile("ABC.fcf"), "\n# F squared divided by            1000.\n"), 1);
-  EXPECT_EQ(Count(ReadFile("ABC.fcf"), "\n   1   0   0257107890.23257107890.232571078.90 o\n"), 1)
+  EXPECT_EQ(Count(result.messages, "ABC.fcf: values are divided by 10^4\n"), 1) << result.messages;
+  EXPECT_EQ(Count(ReadFile("ABC.fcf"), "\n# F squared divided by 10^4\n"), 1);
+  EXPECT_EQ(Count(ReadFile("ABC.fcf"), "\n   1   0   0 25710789.02 25710789.02 257107.89 o\n"), 1)
       << ReadFile("ABC.fcf");
+  EXPECT_EQ(RunSession({"ABC", "C:"}, "1006=7\nok\n1014=5\n1030=40\nok\nexit\n").exit_code, 0);
+  EXPECT_TRUE(ReadFile("SBRAG.LST").starts_with("    1   0   0     17.7225")) << ReadFile("SBRAG.LST").substr(0, 80);
 }
 
 /// The whole way with the programs as they are built: the companion stands beside the program.

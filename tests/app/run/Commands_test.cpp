@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "app/run/AllCommands.h"
+#include "crystal/ScatteringTables.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
 
@@ -59,6 +60,18 @@ const std::string kIns =
     "SYMM Y, -X, Z\nSYMM X, -Y, -Z\nSYMM -X, Y, -Z\nSYMM Y, X, -Z\nSYMM -Y, -X, -Z\nSFAC FE\nUNIT 1\nFVAR 1\n"
     "FE1 1 0 0 0 11 0.02\nHKLF 4\nEND\n";
 const std::string kIng = "title\n1.54\n10\n12\n0.05\n1\n41\n";
+
+/// An atom at the origin of a tetragonal cell, the rows of an HKL file, and a pattern.
+std::string CifOf(const std::string& hkl) {
+  return "data_abc\n_cell_length_a 5\n_cell_length_b 5\n_cell_length_c 7\n_cell_angle_alpha 90\n_cell_angle_beta 90\n"
+         "_cell_angle_gamma 90\n_diffrn_radiation_wavelength 0.71073\n_space_group_name_H-M_alt 'P 4/m m m'\n"
+         "loop_\n_atom_site_label\n_atom_site_type_symbol\n_atom_site_fract_x\n_atom_site_fract_y\n"
+         "_atom_site_fract_z\n_atom_site_U_iso_or_equiv\nFe1 Fe 0 0 0 0.02\n"
+         "_shelx_hkl_file\n;\n" +
+         hkl + ";\n";
+}
+const std::string kPowderCif =
+    "data_p\n_cell_length_a 5\nloop_\n_pd_proc_2theta_corrected\n_pd_proc_intensity_total\n10.0 5\n10.1 6\n10.2 7\n";
 
 struct RunCommands : testing::Test, TestDirectory {
   RunCommands() {
@@ -181,6 +194,24 @@ TEST_F(RunCommands, AModelIsCalculated) {
   EXPECT_EQ(RunTool("fcalc ABC.INS --two-theta-max 30").exit_code, 2) << "an FCF may be somebody's";
   EXPECT_EQ(RunTool("fcalc ABC.INS --replace").messages,
             "ABC.INS: no HKL beside it says which rows are wanted: give --two-theta-max\n");
+}
+
+TEST_F(RunCommands, ACifIsAStructureReflectionsOrAPattern) {
+  if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
+  WriteFile("S.cif", CifOf(ReadFile("ABC.HKL")));
+  WriteFile("P.cif", kPowderCif);
+  const Outcome info = RunTool("info S.cif P.cif");
+  EXPECT_EQ(LineOf(info.output, 2), "S.cif\tmodel\tCIF\t1\t\t\t\t0.71073\tabc") << info.messages;
+  EXPECT_EQ(LineOf(info.output, 3), "P.cif\tpattern\tpowder CIF\t3\t10\t10.2\t0.1\t\tp") << info.messages;
+  // Each as from the INS, a CIF by its atoms and the rows within it.
+  for (const char* data : {"model", "hkl"}) {
+    const std::string options = std::string(" --expand symmetry -o ") + data + " --data " + data;
+    const Outcome cif = RunTool("simulate S.cif" + options);
+    EXPECT_EQ(cif.exit_code, 0) << cif.messages;
+    EXPECT_EQ(RunTool("simulate ABC.INS" + options).exit_code, 0);
+    EXPECT_EQ(CountsOf(ReadFile(std::string(data) + "/S.ING")), CountsOf(ReadFile(std::string(data) + "/ABC.ING")));
+  }
+  EXPECT_EQ(ValueOf(RunTool("simulate S.cif").output, "source"), "model");
 }
 
 TEST_F(RunCommands, ConversionsAndReformattingAreThoseOfTheOptions) {

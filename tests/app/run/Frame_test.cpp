@@ -9,6 +9,7 @@
 #include "app/run/FileCommand.h"
 #include "app/run/RunProgram.h"
 #include "app/run/StopSignal.h"
+#include "app/run/WholeFiles.h"
 #include "app/run/WorkInOrder.h"
 #include "support/TestFiles.h"
 #include "textio/InputFile.h"
@@ -216,6 +217,19 @@ TEST_F(RunFrame, FullDisks) {
     EXPECT_EQ(RunTalvenRun(arguments, {input, full, messages, false}, std::move(commands)), 1) << words.back();
   }
   EXPECT_EQ(LineOf(messages.str(), 1), "talven-run copy: standard output: cannot be written: No space left on device");
+}
+
+TEST_F(RunFrame, LinksInThePlaceOfOutputsLeadNowhere) {
+  WriteFile("a.in", "text\n");
+  WriteFile("precious", "mine\n");
+  std::error_code error;
+  for (const std::string& name : {".a.OUT." + std::to_string(ProcessNumber()) + ".tmp", std::string("a.OUT")}) {
+    fs::create_symlink("precious", name, error);
+    if (error) GTEST_SKIP() << "no links on this system";
+  }
+  EXPECT_EQ(RunCopy("copy a.in").exit_code, 0);
+  EXPECT_EQ(ReadFile("precious"), "mine\n");
+  EXPECT_FALSE(fs::is_symlink("a.OUT"));
 }
 
 TEST_F(RunFrame, ProgressIsDrawnOverAndLeavesNothing) {

@@ -84,6 +84,18 @@ TEST_F(Screening, SaysWhatIsMissing) {
   }
 }
 
+TEST_F(Screening, TellsWhatManyCandidatesHaveInCommonOnce) {
+  for (const std::string name : {"U1.INS", "U2.INS", "U3.INS"}) {
+    std::string ins = InsOf(1.0, 0.6);
+    ins.replace(ins.find("UNIT 4"), 6, "UNIT 9");
+    WriteFile(name, ins);
+  }
+  const Outcome outcome = RunTool("screen T.XY U1.INS C10.INS U2.INS U3.INS --wavelength 1.54056 -j 2");
+  EXPECT_EQ(outcome.messages,
+            "U1.INS: line 7: UNIT is not what the atoms give for a cell: FE 4\n"
+            "candidates: 2 more notices of this kind: UNIT is not what the atoms give for a cell\n");
+}
+
 TEST_F(Screening, PeaksAreListedForTheComparison) {
   const Outcome peaks = RunTool("peaks T.XY --wavelength 1.54056 -q");
   EXPECT_EQ(peaks.exit_code, 0) << peaks.messages;

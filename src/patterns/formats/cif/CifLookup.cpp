@@ -33,14 +33,14 @@ std::optional<CifNumber> ReadCifNumber(std::string_view text) {
   return CifNumber{.value = *value, .su = *su * std::pow(10.0, -decimals)};
 }
 
-std::optional<CifColumn> FindCifColumn(const CifBlock& block, std::string_view name) {
-  for (const CifLoop& loop : block.loops)
+std::optional<CifColumn> FindCifColumn(const RawCifBlock& block, std::string_view name) {
+  for (const RawCifLoop& loop : block.loops)
     for (std::size_t i = 0; i < loop.tags.size(); ++i)
       if (IsName(loop.tags[i], name)) return CifColumn{.loop = &loop, .index = i};
   return std::nullopt;
 }
 
-std::optional<double> FindCifNumber(const CifBlock& block, std::string_view name) {
+std::optional<double> FindCifNumber(const RawCifBlock& block, std::string_view name) {
   std::optional<CifNumber> number;
   for (const auto& [tag, value] : block.items)
     if (IsName(tag, name)) number = ReadCifNumber(value);

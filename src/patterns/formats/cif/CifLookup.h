@@ -18,7 +18,7 @@ std::optional<CifNumber> ReadCifNumber(std::string_view text);
 
 /// A column of a loop. Pointers hold as long as the document.
 struct CifColumn {
-  const CifLoop* loop = nullptr;
+  const RawCifLoop* loop = nullptr;
   std::size_t index = 0;
 
   std::size_t Size() const { return loop->values.size() / loop->tags.size(); }
@@ -26,8 +26,8 @@ struct CifColumn {
 };
 
 /// The first column of a name, lower case with "_".
-std::optional<CifColumn> FindCifColumn(const CifBlock& block, std::string_view name);
+std::optional<CifColumn> FindCifColumn(const RawCifBlock& block, std::string_view name);
 /// The value of a name, or the first one where it heads a column; nothing if that is no number.
-std::optional<double> FindCifNumber(const CifBlock& block, std::string_view name);
+std::optional<double> FindCifNumber(const RawCifBlock& block, std::string_view name);
 
 }  // namespace talven

@@ -29,8 +29,8 @@ gemmi::cif::Document Parse(const std::string& name, std::string_view text) {
   }
 }
 
-CifBlock Take(gemmi::cif::Block& from) {
-  CifBlock block;
+RawCifBlock Take(gemmi::cif::Block& from) {
+  RawCifBlock block;
   block.name = from.name;
   for (gemmi::cif::Item& item : from.items) {
     if (item.type == gemmi::cif::ItemType::Pair)
@@ -46,9 +46,9 @@ CifBlock Take(gemmi::cif::Block& from) {
 
 }  // namespace
 
-std::vector<CifBlock> ParseCif(const std::string& name, std::string_view text) {
+std::vector<RawCifBlock> ParseCif(const std::string& name, std::string_view text) {
   gemmi::cif::Document document = Parse(name, text);
-  std::vector<CifBlock> blocks;
+  std::vector<RawCifBlock> blocks;
   for (gemmi::cif::Block& block : document.blocks) blocks.push_back(Take(block));
   return blocks;
 }

@@ -9,7 +9,7 @@
 
 namespace talven {
 
-struct CifLoop {
+struct RawCifLoop {
   std::vector<std::string> tags;
   /// Row by row, as many to a row as there are tags; quotes as they stand.
   std::vector<std::string> values;
@@ -17,13 +17,13 @@ struct CifLoop {
   std::size_t line = 0;
 };
 
-struct CifBlock {
+struct RawCifBlock {
   std::string name;
   std::vector<std::pair<std::string, std::string>> items;
-  std::vector<CifLoop> loops;
+  std::vector<RawCifLoop> loops;
 };
 
 /// Throws FatalIoError with the line for what is no CIF.
-std::vector<CifBlock> ParseCif(const std::string& name, std::string_view text);
+std::vector<RawCifBlock> ParseCif(const std::string& name, std::string_view text);
 
 }  // namespace talven

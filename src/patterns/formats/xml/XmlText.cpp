@@ -41,6 +41,12 @@ pugi::xml_node FindElement(const pugi::xml_node& node, std::string_view name) {
   return node.find_node([&](const pugi::xml_node& n) { return name == n.name(); });
 }
 
+std::string JoinedText(const pugi::xml_node& element) {
+  std::string text;
+  for (const pugi::xml_node& part : element.children()) text.append(part.value()).append(" ");
+  return text;
+}
+
 std::optional<double> PositiveNumber(std::string_view text) {
   const auto number = LeadingNumber(text);
   return number && *number > 0.0 ? number : std::nullopt;

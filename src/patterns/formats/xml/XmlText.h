@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <pugixml.hpp>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,9 @@ void ParseXml(std::string_view file, std::string_view text, pugi::xml_document& 
 
 /// The first element of a name anywhere below a node, in the order of the text; an empty node if there is none.
 pugi::xml_node FindElement(const pugi::xml_node& node, std::string_view name);
+
+/// All text of an element, also where remarks part it.
+std::string JoinedText(const pugi::xml_node& element);
 
 /// The number in an element or attribute; nothing if there is none or none above 0.
 std::optional<double> PositiveNumber(std::string_view text);

@@ -42,7 +42,8 @@ pugi::xml_node FindRoute(const pugi::xml_node& root) {
 std::optional<std::size_t> FindAxis(const pugi::xml_node& fields, const char* tag) {
   std::size_t index = 0;
   for (const pugi::xml_node& field : fields.children(tag)) {
-    if (std::string_view(field.attribute("AxisId").value()) == "TwoTheta") return index;
+    const std::string_view id = field.attribute("AxisId").value();
+    if ((id.empty() ? field.attribute("AxisName").value() : id) == "TwoTheta") return index;
     ++index;
   }
   return std::nullopt;
@@ -132,6 +133,11 @@ void ReadRoute(const std::string& name, const pugi::xml_node& route, PatternFile
   bool is_attenuated = false;
   for (const pugi::xml_node& datum : route.children("Datum"))
     TakeDatum(name, datum.child_value(), columns, is_attenuated, file.pattern);
+  const auto planned = PositiveNumber(information.child_value("MeasurementPoints"));
+  const auto measured = static_cast<double>(file.pattern.PointCount());
+  if (planned && *planned > measured)
+    file.notices.push_back("The scan was to have " + NumberText(*planned) + " points; it ended after " +
+                           NumberText(measured) + ".");
   if (is_attenuated) file.notices.emplace_back("The counts were multiplied by their absorption factors.");
 }
 

@@ -11,18 +11,40 @@
 namespace talven {
 namespace {
 
-std::string ProfileName(std::size_t scan) {
-  const std::string number = std::to_string(scan);
-  return "Data" + number + "/Profile" + number + ".txt";
+/// The names of one scan's entries.
+struct Scan {
+  std::size_t number = 0;
+  std::string profile;
+  std::string conditions;
+};
+
+/// N of "DataN/ProfileM.txt", nothing for another name.
+std::optional<std::size_t> ProfileNumber(std::string_view entry) {
+  constexpr std::string_view kFolder = "Data";
+  const std::size_t slash = std::min(entry.find('/'), entry.size());
+  if (!entry.starts_with(kFolder) || !entry.substr(slash).starts_with("/Profile") || !entry.ends_with(".txt"))
+    return std::nullopt;
+  const auto number = ReadI(entry.substr(kFolder.size(), slash - kFolder.size()));
+  return number && *number >= 0 ? std::optional(static_cast<std::size_t>(*number)) : std::nullopt;
 }
 
-std::string ConditionsName(std::size_t scan) {
-  const std::string number = std::to_string(scan);
-  return "Data" + number + "/MesurementConditions" + number + ".xml";
+/// The conditions have their name from the instrument's spelling.
+std::string ConditionsOf(const ZipArchive& archive, std::string_view profile) {
+  const std::string folder(profile.substr(0, profile.find('/') + 1));
+  for (const std::string& entry : archive.Names())
+    if (entry.starts_with(folder + "MesurementConditions") || entry.starts_with(folder + "MeasurementConditions"))
+      return entry;
+  return folder + "MesurementConditions.xml";
 }
 
-bool Holds(const ZipArchive& archive, const std::string& name) {
-  return std::ranges::find(archive.Names(), name) != archive.Names().end();
+/// By the numbers of their folders, whatever the first one is.
+std::vector<Scan> FindScans(const ZipArchive& archive) {
+  std::vector<Scan> scans;
+  for (const std::string& entry : archive.Names())
+    if (const auto number = ProfileNumber(entry))
+      scans.push_back({.number = *number, .profile = entry, .conditions = ConditionsOf(archive, entry)});
+  std::ranges::stable_sort(scans, {}, &Scan::number);
+  return scans;
 }
 
 void ReadProfile(TextInput& profile, PatternFile& file) {
@@ -73,17 +95,16 @@ void TakeConditions(const std::string& name, const ZipArchive& archive, const st
 }  // namespace
 
 bool HoldsRasx(const ZipArchive& archive) {
-  return Holds(archive, ProfileName(0));
+  return !FindScans(archive).empty();
 }
 
 PatternFile ReadRasx(const std::string& name, const ZipArchive& archive, const PatternReadOptions& options) {
   PatternFile file;
   file.format = "RASX";
-  std::size_t count = 0;
-  while (Holds(archive, ProfileName(count))) ++count;
-  const std::size_t scan = ChooseScan(name, count, options, file);
-  TakeConditions(name, archive, ConditionsName(scan), file);
-  TextInput profile(archive.NameOf(ProfileName(scan)), archive.Require(ProfileName(scan)));
+  const std::vector<Scan> scans = FindScans(archive);
+  const Scan& scan = scans[ChooseScan(name, scans.size(), options, file)];
+  TakeConditions(name, archive, scan.conditions, file);
+  TextInput profile(archive.NameOf(scan.profile), archive.Require(scan.profile));
   ReadProfile(profile, file);
   FinishPattern(name, file);
   return file;

@@ -1,4 +1,5 @@
-// RASX of Rigaku instruments: a zip with a folder for each scan, Data0, Data1, ...
+// RASX of Rigaku instruments: a zip with a folder for each scan, Data0, Data1, ..., not all of
+// them where some were taken out.
 //
 //     Data0/Profile0.txt                  2theta, intensity, attenuation factor, parted by tabs
 //     Data0/MesurementConditions0.xml     (spelled like this) wavelengths, the axis that was moved
