@@ -8,20 +8,13 @@ install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libta
 install(DIRECTORY docs/ DESTINATION ${doc} FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 install(DIRECTORY samples DESTINATION ${doc} PATTERN "make-*" EXCLUDE)
 find_program(PANDOC pandoc)
-if(PANDOC)
+if(PANDOC AND UNIX)
   file(GLOB pages CONFIGURE_DEPENDS docs/*.md)
-  set(html)
-  foreach(page IN LISTS pages)
-    get_filename_component(name ${page} NAME_WE)
-    list(APPEND html ${CMAKE_BINARY_DIR}/html/${name}.html)
-    add_custom_command(OUTPUT ${CMAKE_BINARY_DIR}/html/${name}.html
-      COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/html
-      COMMAND ${PANDOC} --from=gfm --to=html5 --standalone --metadata=pagetitle:${name}
-        --lua-filter=${PROJECT_SOURCE_DIR}/packaging/manual-links.lua --output=${CMAKE_BINARY_DIR}/html/${name}.html ${page}
-      DEPENDS ${page} packaging/manual-links.lua VERBATIM)
-  endforeach()
-  add_custom_target(html-manual ALL DEPENDS ${html})
-  install(FILES ${html} DESTINATION ${doc}/html)
+  set(html ${CMAKE_BINARY_DIR}/manual/html)
+  add_custom_command(OUTPUT ${html}/index.html COMMAND ${PROJECT_SOURCE_DIR}/tools/make-manual ${CMAKE_BINARY_DIR}/manual
+    DEPENDS ${pages} packaging/manual-links.lua tools/make-manual VERBATIM)
+  add_custom_target(html-manual ALL DEPENDS ${html}/index.html)
+  install(DIRECTORY ${html} DESTINATION ${doc})
 else()
   message(STATUS "pandoc is missing: the manual is left in Markdown")
 endif()

@@ -30,7 +30,10 @@ void PrintUsage(std::string_view program, std::ostream& stream) {
          "the directory file DRIVE:\\exe\\VELDOR\\DIR.DEF, which every start without arguments rewrites.\n"
          "\n"
          "  -h, --help  prints this text\n"
-         "  --version   prints the version\n";
+         "  --version   prints the version\n"
+         "\n"
+         "The manual is in share/doc/talven of the installation (html/index.html or index.md), and in docs of the "
+         "source.\n";
 }
 
 int Refuse(std::string_view program, std::string_view reason, std::string_view argument, std::ostream& messages) {

@@ -1,6 +1,7 @@
 #include "handlers/FcfToHkl.h"
 
 #include "handlers/JobInput.h"
+#include "shelx/FcfListCode.h"
 #include "shelx/HklFromFcf.h"
 #include "textio/OutputFile.h"
 
@@ -9,6 +10,7 @@ namespace talven {
 void FcfToHkl(Ui& ui, RunState& run, FcfToHklData& data, std::int32_t quiet_flag) {
   InputFile fcf;
   if (!OpenJobInput(ui, run, ".fcf", fcf, "FCF File")) return;
+  TellHint(ui, HintForFcf(fcf.Name(), fcf.Content()));
   OutputFile hkl;
   hkl.Open(run.folder, "DUMMY.HKL");
   HklFromFcf list = WriteHklFromFcf(fcf, HklScale::kAsLongAsTheyFit, data.Sigma, hkl);

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "handlers/JobInput.h"
+#include "patterns/InputHints.h"
 #include "patterns/UnscramblerTxt.h"
 #include "patterns/XyTxt.h"
 #include "textio/OutputFile.h"
@@ -35,6 +36,7 @@ void ShowWritten(Ui& ui, std::string_view text) {
 void CifToIng(Ui& ui, RunState& run, SmallCifNames& names) {
   InputFile cif;
   if (!OpenJobInput(ui, run, ".CIF", cif)) return;
+  TellHint(ui, HintForCif(cif.Name(), cif.Content()));
   ui.ShowLine(run.JobFile(".ING"));
   OutputFile ing;
   ing.Open(run.folder, run.JobFile(".ING"));
@@ -86,6 +88,7 @@ void TxtToIng(Ui& ui, RunState& run) {
   ui.ShowLine(run.JobFile(".TXT"));
   InputFile txt;
   if (!OpenJobInput(ui, run, ".TXT", txt)) return;
+  TellHint(ui, HintForTxt(txt.Name(), txt.Content()));
   OutputFile ing;
   ing.Open(run.folder, run.JobFile(".ING"));
   WriteIng(ing, run.JobName.View(), ReadXyTxt(txt));

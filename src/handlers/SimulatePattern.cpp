@@ -195,6 +195,7 @@ void SimulatePattern(Ui& ui, RunState& run, SimulationData& data, const Simulati
   Run r{ui, run, data, source, {}, {}, {}};
   data.list.Range = IndexRange();
   if (!OpenInputs(r)) return;
+  if (source.Hint != nullptr) TellHint(ui, source.Hint(r.files.source.Name(), r.files.source.Content()));
   OpenOutputs(r);
   ui.ShowLine("   Reading", 0);
   Outcome outcome = Outcome::kRestart;

@@ -10,7 +10,7 @@ constexpr double kPositionTolerance = 0.04;
 constexpr double kLowestHeight = 0.3;
 constexpr double kHighestHeight = 0.75;
 /// Angstrom: how far the digits of files lie from the tabulated lines.
-constexpr double kLineTolerance = 0.0006;
+constexpr double kLineTolerance = 0.0003;
 constexpr double kRadians = std::numbers::pi / 180.0;
 
 struct Doublet {

@@ -25,6 +25,7 @@ double HeightDivisor(const std::vector<Peak>& peaks) {
 }  // namespace
 
 void WritePeakList(const std::vector<Peak>& peaks, std::optional<double> wavelength, TextOutput& output) {
+  output.WriteLine(" Peaks: 2theta in degrees, height above the background");
   if (wavelength) {
     std::string line = "   Radiation Wavelength   ";
     char digits[40];

@@ -1,5 +1,6 @@
 // Writing NAME.peaks.LST, a list of peaks that the comparison reads.
 //
+//     Peaks: 2theta in degrees, height above the background
 //       Radiation Wavelength   1.54056          left out where it is not known
 //       Marked Peaks
 //       12.340     1000.0                       2theta F9.3, height F11.1

@@ -174,7 +174,8 @@ double MeasureWidth(const Pattern& pattern, const Background& background) {
 PeakSearch SearchPeaks(const Pattern& pattern, const PeakOptions& options) {
   PeakSearch search;
   search.wavelength = options.wavelength ? options.wavelength : pattern.wavelength;
-  search.alpha2_wavelength_ratio = Alpha2Ratio(search.wavelength, pattern.wavelength_alpha2);
+  const bool is_own = search.wavelength == pattern.wavelength;
+  search.alpha2_wavelength_ratio = Alpha2Ratio(search.wavelength, is_own ? pattern.wavelength_alpha2 : std::nullopt);
   Background background{MakeEvenGrid(pattern, kFinestBackgroundStep), {}, {}};
   search.notices = background.grid.notices;
   search.fwhm = options.fwhm.value_or(kWidthOfNothing);

@@ -87,13 +87,15 @@ std::vector<RankedRow> Rank(const std::vector<FittedRow>& fitted, const std::vec
     row.lattice = fit.lattice;
     row.texture = fit.texture;
     if (i + 1 < fitted.size() && fit.score - fitted[i + 1].fitted.score <= kClose) AddNote(row.note, "close");
-    if (i < same.size() && same[i]) AddNote(row.note, "same as " + fitted[*same[i]].coarse.name);
+    if (i < same.size() && same[i]) AddNote(row.note, "same as " + rows[*same[i]].name);
     if (!fit.lattice) AddNote(row.note, ScaleNote(fit.scale));
     rows.push_back(std::move(row));
   }
   for (const CoarseRow& row : coarse) {
     rows.push_back(RowOf(row));
     rows.back().note = "coarse";
+    const std::size_t i = rows.size() - 1;
+    if (i < same.size() && same[i]) AddNote(rows.back().note, "same as " + rows[*same[i]].name);
     if (!row.lattice) AddNote(rows.back().note, ScaleNote(row.score.scale));
   }
   for (std::size_t i = 0; i < rows.size(); ++i) rows[i].rank = i + 1;

@@ -1,6 +1,7 @@
 #include "screening/ScreenTarget.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <optional>
 #include <stdexcept>
@@ -23,8 +24,15 @@ constexpr double kLongestWavelength = 100.0;
 constexpr double kMargin = 1.0;
 constexpr double kStepsInWidth = 6.0;
 constexpr double kLargestAngle = 179.0;
+/// Lines that are narrower than the peaks by this factor cost the true structure its place.
+constexpr double kMuchWider = 3.0;
 /// What a flat pattern may differ from its background, as a share of the counts.
 constexpr double kRounding = 1e-9;
+
+std::string TwoDigits(double value) {
+  char digits[32];
+  return {digits, std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 2).ptr};
+}
 
 double ChooseWavelength(const ScreenOptions& options, std::optional<double> own) {
   const double wavelength = options.wavelength > 0.0 ? options.wavelength : own.value_or(0.0);
@@ -74,7 +82,11 @@ ScreenTarget MakeScreenTarget(const Pattern& pattern, const ScreenOptions& optio
   ScreenTarget target = TargetOf(net, wavelength, options);
   PeakOptions peak_options;
   peak_options.wavelength = wavelength;
-  target.peaks = ListOf(PickPeaks(pattern, peak_options).peaks);
+  const PickedPeaks picked = PickPeaks(pattern, peak_options);
+  target.peaks = ListOf(picked.peaks);
+  if (!picked.peaks.empty() && picked.fwhm > kMuchWider * options.fwhm)
+    target.notices.push_back("the peaks are about " + TwoDigits(picked.fwhm) +
+                             " degrees wide at half height, much more than the FWHM of the lines; --fwhm tells it");
   return target;
 }
 

@@ -72,8 +72,8 @@ IndexList ReadIndices(TextInput& hkl) {
     if (index == MillerIndex{}) break;
     if (seen.Insert(index))
       list.indices.push_back(index);
-    else
-      ++list.repeated;
+    else if (++list.repeated == 1)
+      list.first_repeated = hkl.LineNumber();
   }
   return list;
 }

@@ -14,6 +14,8 @@ struct IndexList {
   std::vector<MillerIndex> indices;
   /// Rows passed over because their h k l, or -h -k -l, stood in an earlier one.
   std::size_t repeated = 0;
+  /// Line of the first of them, from 1; 0 if there is none.
+  std::size_t first_repeated = 0;
 };
 
 /// Reads rows up to 0 0 0 or the end of the text; lines that begin with `#` are none. Throws FatalIoError for a row

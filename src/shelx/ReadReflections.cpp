@@ -7,6 +7,8 @@
 #include "crystal/CellGeometry.h"
 #include "shelx/HklFile.h"
 #include "shelx/List4File.h"
+#include "textio/FieldInput.h"
+#include "textio/FixedText.h"
 
 namespace talven {
 namespace {
@@ -14,6 +16,7 @@ namespace {
 /// The lines of an HKL file.
 struct HklLines {
   static bool ArePassedOver(std::string_view line) { return line.starts_with('#'); }
+  static bool LookLikeRows(std::string_view /*line*/) { return false; }
   static std::optional<HklRow> Read(std::string_view line) { return ReadHklRow(line); }
 };
 
@@ -22,6 +25,14 @@ class FcfLines {
  public:
   static bool ArePassedOver(std::string_view line) {
     return line.starts_with('#') || CountLineTokens(line) != kList4Tokens;
+  }
+  /// Whole numbers in the columns of h, k and l, and more behind them.
+  static bool LookLikeRows(std::string_view line) {
+    for (std::size_t first = 1; first < 13; first += 4) {
+      const std::string_view field = Trim(Columns(line, first, first + 3));
+      if (field.empty() || !ReadI(field)) return false;
+    }
+    return !Trim(Columns(line, 13, 80)).empty();
   }
   std::optional<HklRow> Read(std::string_view line) {
     const auto row = rows_.Read(line);
@@ -79,7 +90,10 @@ ReflectionReading ReadReflections(TextInput& source, Lines lines, Selection sele
   list.ReflectionCount = 0;
   std::string_view line;
   while (list.ReflectionCount < kReflectionLimit && source.ReadLine(line)) {
-    if (lines.ArePassedOver(line)) continue;
+    if (lines.ArePassedOver(line)) {
+      if (lines.LookLikeRows(line) && ++reading.passed_over_count == 1) reading.first_passed_over = source.LineNumber();
+      continue;
+    }
     const std::optional<HklRow> row = lines.Read(line);
     if (!row) {
       reading.unreadable_line = source.LineNumber();

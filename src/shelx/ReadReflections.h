@@ -21,6 +21,10 @@ struct ReflectionReading {
   /// The line whose row can't be read, from 1, and its text. It ended the list; 0 if there was none.
   std::size_t unreadable_line = 0;
   std::string unreadable_text;
+  /// Lines of an FCF that begin as a row does but hold another number of texts, as where columns touch: they are passed
+  /// over. The first of them, from 1; 0 if there was none.
+  std::int32_t passed_over_count = 0;
+  std::size_t first_passed_over = 0;
 };
 
 /// Replaces the list by the rows within reach and within the limits, and widens its range with every row. Lines with #

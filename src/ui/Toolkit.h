@@ -106,6 +106,8 @@ class Toolkit {
 
   /// The job of the session is known: for toolkits that show it.
   virtual void JobSettled(std::string_view /*job*/) {}
+  /// A remark on an input, in one line, apart from pane and boxes: what is the matter with it and what helps.
+  virtual void TellHint(std::string_view /*hint*/) {}
 
   // Questions. The outcome stands in WDialogQuery(4).
   void WMessageBox(const Message& message);

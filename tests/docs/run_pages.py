@@ -1,13 +1,16 @@
 #!/usr/bin/python3
-"""Runs the commands of the manual's pages.  usage: run_pages.py SOURCE_FOLDER PROGRAM_FOLDER [PAGE...]
+"""Runs the commands of the manual's pages, and looks whether their links lead somewhere.
 
-Indented lines that begin with `$ ` are commands; a line that ends with a backslash goes on in the next. The commands of a
-page run one after the other in a copy of the samples, and each has to end with exit code 0. Lines below a command
-are its output: each has to come in that order, blanks not compared; `...` stands for what is left out, lines or the rest
-of one.
+usage: run_pages.py SOURCE_FOLDER PROGRAM_FOLDER [PAGE...]
+
+Indented lines that begin with `$ ` are commands; a line that ends with a backslash goes on in the next. The commands of
+a page run one after the other in a copy of the samples, and each has to end with exit code 0. Lines below a command are
+its output: each has to come in that order, blanks not compared; `...` stands for what is left out, lines or the rest of
+one.
 """
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -48,6 +51,22 @@ def missing_line(shown, output):
     return None
 
 
+def anchors_of(page):
+    """The names by which headings are linked to, as GitHub and pandoc make them."""
+    heads = re.findall(r'^#+ (.*)$', page.read_text('utf-8'), re.MULTILINE)
+    return {re.sub(r'[^\w\- ]', '', head.lower()).replace(' ', '-') for head in heads}
+
+
+def dead_links(page):
+    faults = []
+    for target in re.findall(r'\]\(([^)\s]+)\)', page.read_text('utf-8')):
+        name, _, anchor = target.partition('#')
+        other = page.parent / name if name else page
+        if ':' not in target and not (other.exists() and (not anchor or anchor in anchors_of(other))):
+            faults.append('%s: the link %s leads nowhere' % (page.name, target))
+    return faults
+
+
 def run_page(page, samples, environment):
     """The faults of a page, and how many commands it has."""
     faults = []
@@ -76,7 +95,7 @@ def main():
     for page in pages:
         found, count = run_page(page, source / 'samples', environment)
         total += count
-        faults += found
+        faults += found + dead_links(page)
     print('\n'.join(faults + ['%d commands of %d pages, %d faults' % (total, len(pages), len(faults))]))
     return 1 if faults or total == 0 else 0
 

@@ -45,5 +45,23 @@ TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
   EXPECT_EQ(CountLines(ReadFile("ABC.ING")), 7 + 100'000);
 }
 
+TEST_F(Conversions, AnInputOfAnotherKindIsToldInOneLineApartFromPaneAndBoxes) {
+  WriteFile("ABC.INS", "CELL 1.54 5 5 5 90 90 90\nLATT 4\n");
+  const std::string cif = "data_a\n_cell_length_a 5\n",
+                    fcf = "data_a\n_shelx_refln_list_code 6\nloop_\n1 0 0 o 1 1 1\n";
+  for (const auto& [file, text, option, hint] :
+       {std::tuple{"ABC.CIF", cif, "2", "ABC.CIF: holds no powder pattern"},
+        std::tuple{"ABC.TXT", std::string("X,Y here\n1 2\n"), "9", "ABC.TXT: line 1 is neither REM nor X and Y"},
+        std::tuple{"ABC.FCF", fcf, "6", "ABC.fcf: holds LIST 6"},
+        std::tuple{"ABC.FCF", fcf, "7", "ABC.FCF: holds LIST 6"}}) {
+    WriteFile(file, text);
+    const SessionResult result = RunJob(std::string(option) + "\nok\nok\n");
+    EXPECT_NE(("\n" + result.messages).find(std::string("\n") + hint), std::string::npos) << result.messages;
+    EXPECT_EQ((result.output + result.Boxes()).find(hint), std::string::npos);
+  }
+  WriteFile("ABC.TXT", "REM\n1 2\n2 3\n");
+  EXPECT_EQ(RunJob("9\nok\n").messages.find("ABC.TXT:"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace talven::test

@@ -125,6 +125,13 @@ TEST(PickPeaks, TagsTheCompanionsOfKAlpha2) {
     EXPECT_EQ(picked.peaks.size(), c.peaks);
     EXPECT_EQ(picked.alpha2_count, c.alpha2);
   }
+  // A wavelength of the user's own leaves the file's doublet out, and takes that of its element.
+  Pattern told = pattern;
+  told.wavelength = 1.54056;
+  told.wavelength_alpha2 = 1.54439;
+  EXPECT_EQ(SearchPeaks(told, {.fwhm = kWidth}).alpha2_wavelength_ratio, 1.54439 / 1.54056);
+  EXPECT_EQ(SearchPeaks(told, {.fwhm = kWidth, .wavelength = 1.4}).alpha2_wavelength_ratio, 0.0);
+  EXPECT_EQ(Alpha2Ratio(1.5402, std::nullopt), 0.0) << "a neutron's";
   EXPECT_EQ(Alpha2Ratio(1.6, 1.608), 1.608 / 1.6);
   EXPECT_NEAR(Alpha2Ratio(0.7093, std::nullopt), 1.00605, 1e-5);
 }
@@ -144,11 +151,12 @@ TEST(PickPeaks, TakesPoorPatternsAsTheyAre) {
 }
 
 TEST(PeakListFile, IsReadByTheComparison) {
+  const std::string kHead = " Peaks: 2theta in degrees, height above the background\n";
   const std::vector<Peak> peaks = {{12.3456, 1000.04, 0.1, false}, {150.0, 3e11, 0.1, false}};
   OutputText output;
   WritePeakList(peaks, 1.54056, output);
   EXPECT_EQ(output.Text(),
-            "   Radiation Wavelength   1.54056\n   Marked Peaks\n   12.346        1.0\n  150.000300000000.0\n");
+            kHead + "   Radiation Wavelength   1.54056\n   Marked Peaks\n   12.346        1.0\n  150.000300000000.0\n");
   OutputText fitting;
   WritePeakList({{12.3456, 1000.04, 0.1, false}, {150.0, 99000.0, 0.1, false}}, 0.7, fitting);
   TextInput input("A.LST", fitting.Text());
@@ -161,7 +169,7 @@ TEST(PeakListFile, IsReadByTheComparison) {
   EXPECT_EQ(list.TwoTheta[2], 150.0F);
   OutputText without;
   WritePeakList({}, std::nullopt, without);
-  EXPECT_EQ(without.Text(), "   Marked Peaks\n");
+  EXPECT_EQ(without.Text(), kHead + "   Marked Peaks\n");
 }
 
 }  // namespace

@@ -169,6 +169,12 @@ TEST(ScoreCandidate, PatternsAndPeakListsHaveOneScale) {
   EXPECT_GT(scores.m1, 0.5);
 }
 
+TEST(ScoreCandidate, TellsThatTheLinesAreMuchTooNarrow) {
+  const Pattern pattern = Measured(CandidateOf(ModelOf(kCell, 0.2), kRange, false));
+  for (const auto& [fwhm, count] : {std::pair(0.12, 0U), {0.05, 0U}, {0.02, 1U}})
+    EXPECT_EQ(MakeScreenTarget(pattern, {.wavelength = kRange.wavelength, .fwhm = fwhm}).notices.size(), count) << fwhm;
+}
+
 TEST(ScoreCandidate, HasNothingToSayWithoutALineInRange) {
   const ScreenTarget target =
       MakeScreenTarget(Measured(CandidateOf(ModelOf(kCell, 0.2), kRange, false)), {.wavelength = kRange.wavelength});

@@ -40,9 +40,10 @@ TEST(Ranking, NotesTellWhatIsCloseSameAndCoarse) {
   fitted[3].fitted.lattice.reset();
   fitted[3].fitted.scale = 0.99;
   SortFitted(fitted);
-  const std::vector<RankedRow> rows = Rank(fitted, {RowOf(7, 0.95)}, {std::nullopt, 0, std::nullopt});
-  const std::pair<std::string_view, std::string_view> expected[] = {
-      {"C2", "close"}, {"C1", "same as C2"}, {"C3", ""}, {"C9", "d times 0.9900"}, {"C7", "coarse"}};
+  const std::vector<RankedRow> rows = Rank(fitted, {RowOf(7, 0.95), RowOf(8, 0.9)}, {{}, 0, {}, {}, {}, 4});
+  const std::pair<std::string_view, std::string_view> expected[] = {{"C2", "close"},  {"C1", "same as C2"},
+                                                                    {"C3", ""},       {"C9", "d times 0.9900"},
+                                                                    {"C7", "coarse"}, {"C8", "coarse, same as C7"}};
   ASSERT_EQ(rows.size(), std::size(expected));
   for (std::size_t i = 0; i < rows.size(); ++i) {
     EXPECT_EQ(rows[i].rank, i + 1);

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/Driver.h"
+#include "app/desktop/WindowPlot.h"
 #include "textio/FatalIoError.h"
 #include "ui/qt/DesktopSession.h"
 #include "ui/qt/QtToolkit.h"
@@ -27,6 +28,7 @@ int RunProgram(QtToolkit& toolkit) {
 
 int RunDesktop(const DesktopStart& start) {
   QtToolkit toolkit(start.arguments);
+  toolkit.WhenOpened(PutPlotInto);
   if (!start.opened_file.empty()) toolkit.StartWithFile(start.opened_file);
   return RunSession([&] {
     const int exit_code = RunProgram(toolkit);

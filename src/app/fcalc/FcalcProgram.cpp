@@ -26,7 +26,10 @@ constexpr std::string_view kUsage =
     "  DRIVE:, AUTO  what an automatic run of talven adds; they change nothing\n"
     "\n"
     "  -h, --help    prints this text\n"
-    "  --version     prints the version\n";
+    "  --version     prints the version\n"
+    "\n"
+    "The manual is in share/doc/talven of the installation (html/automatic.html or automatic.md), and in docs of the "
+    "source.\n";
 
 bool IsCommandLine(const std::vector<std::string>& arguments) {
   if (arguments.size() < 2 || arguments.size() > kMostArguments) return false;

@@ -66,7 +66,8 @@ void AddBatchOptions(CLI::App& app, const BatchFeatures& features, BatchOptions&
   options.threads = ProcessorCount();
   app.add_option("FILE", options.files, features.files_help)->type_name("");
   AddOption(
-      app, "--files-from", "LIST", [&options](const std::string& name) { options.files_from = name; },
+      app, "--files-from", "LIST",
+      [&options](const std::string& name) { options.files_from = NameOption("--files-from", name); },
       "reads names of inputs from a file, one to a line, - from standard input");
   AddSwitch(app, "-0,--null", options.is_list_parted_by_nul, "names in LIST are parted by NUL, as find -print0 does")
       ->needs("--files-from");
@@ -80,7 +81,8 @@ void AddBatchOptions(CLI::App& app, const BatchFeatures& features, BatchOptions&
         "takes every Nth input beginning with the Ith");
   if (features.has_outputs) {
     AddOption(
-        app, "-o,--output", "DIR", [&options](const std::string& name) { options.output_folder = name; },
+        app, "-o,--output", "DIR",
+        [&options](const std::string& name) { options.output_folder = NameOption("-o", name); },
         "puts the outputs into a folder, made if missing; else each goes beside its input");
     AddSwitch(app, "--replace", options.replaces,
               "lets outputs replace inputs, and INS, RES, HKL, FCF, CIF and LST files");
@@ -101,6 +103,7 @@ std::vector<std::string> GatherInputs(const BatchOptions& options, std::istream&
   if (inputs.empty())
     throw CommandLineError(options.files_from.empty() ? "no input files"
                                                       : options.files_from + ": names no input files");
+  if (std::ranges::find(inputs, "") != inputs.end()) throw CommandLineError("the name of an input is empty");
   return inputs;
 }
 

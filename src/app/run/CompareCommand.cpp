@@ -32,7 +32,7 @@ class CompareCommand : public FileCommand {
   }
   void AddOptions(CLI::App& app) override {
     AddOption(
-        app, "--log", "FILE", [this](const std::string& name) { log_name_ = name; },
+        app, "--log", "FILE", [this](const std::string& name) { log_name_ = NameOption("--log", name); },
         "writes the log of the comparison");
     AddComparisonOptions(app, settings_);
   }

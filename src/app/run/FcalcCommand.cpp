@@ -79,7 +79,9 @@ class FcalcCommand : public FileCommand {
     OpenPath(*path, hkl);
     IndexList rows = ReadIndices(hkl);
     if (rows.indices.empty()) hkl.Fail("rows of h, k and l", "none up to here");
-    if (rows.repeated > 0) notices.push_back(std::to_string(rows.repeated) + " rows passed over as repeated");
+    if (rows.repeated > 0)
+      notices.push_back(hkl.Name() + ", line " + std::to_string(rows.first_repeated) + ": " +
+                        std::to_string(rows.repeated) + " rows passed over from here on, for they repeat earlier ones");
     return std::move(rows.indices);
   }
 

@@ -34,6 +34,11 @@ void RefuseOption(std::string_view option, std::string_view expected, std::strin
   throw CommandLineError(std::string(option) + ": expected " + std::string(expected) + ", found " + Quote(found));
 }
 
+std::string NameOption(std::string_view option, const std::string& text) {
+  if (text.empty()) RefuseOption(option, "the name of a file or folder", text);
+  return text;
+}
+
 double RealOption(std::string_view option, std::string_view text, double low, double high) {
   const auto value = ReadReal<double>(text);
   if (!value || *value < low || *value > high)

@@ -20,6 +20,9 @@ CLI::Option* AddSwitch(CLI::App& app, const std::string& names, bool& is_set, co
 /// Throws CommandLineError: `--step: expected a number from 0.001 to 5, found "x"`.
 [[noreturn]] void RefuseOption(std::string_view option, std::string_view expected, std::string_view found);
 
+/// The name of a file or folder, as it is. Throws CommandLineError for an empty one.
+std::string NameOption(std::string_view option, const std::string& text);
+
 /// A real number within bounds (see ReadReal), and a count of at least 1. Throw CommandLineError.
 double RealOption(std::string_view option, std::string_view text, double low, double high);
 std::size_t CountOption(std::string_view option, std::string_view text, std::size_t most);

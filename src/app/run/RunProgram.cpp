@@ -61,7 +61,10 @@ std::string Usage(const std::vector<std::unique_ptr<Entry>>& entries) {
          "\n"
          "Exit codes: 0 all done; 1 some inputs failed, each named, the others done; 2 a bad command line, nothing "
          "was\n"
-         "done; 130 or 143 stopped by SIGINT or SIGTERM, with whole files only: --resume goes on from there.\n";
+         "done; 130 or 143 stopped by SIGINT or SIGTERM, with whole files only: --resume goes on from there.\n"
+         "\n"
+         "The manual is in share/doc/talven of the installation (html/batch.html or batch.md), and in docs of the "
+         "source.\n";
 }
 
 /// Prints a text that was asked for.

@@ -104,14 +104,17 @@ std::optional<std::vector<FittedRow>> RunFits(const ScreenTarget& target, const 
   return fitted;
 }
 
-/// The lines of the best candidates as given; none for one that can no longer be read.
-std::vector<LineList> LinesOfBest(const ScreenTarget& target, const std::vector<FittedRow>& fitted, std::size_t threads,
-                                  Reporter& reporter) {
+/// The lines of the best candidates as given, in the order of the table; none for one that can no longer be read.
+std::vector<LineList> LinesOfBest(const ScreenTarget& target, const std::vector<FittedRow>& fitted,
+                                  const std::vector<CoarseRow>& coarse, std::size_t threads, Reporter& reporter) {
+  const auto name_of = [&](std::size_t i) {
+    return i < fitted.size() ? fitted[i].coarse.name : coarse[i - fitted.size()].name;
+  };
   std::vector<LineList> lines;
   ForEach<LineList>(
-      std::min(fitted.size(), kComparedWithEachOther), threads, reporter,
+      std::min(fitted.size() + coarse.size(), kComparedWithEachOther), threads, reporter,
       [&](std::size_t i, std::vector<std::string>&) {
-        return LinesAsGiven(target, LoadCandidate(Folder(), fitted[i].coarse.name, target));
+        return LinesAsGiven(target, LoadCandidate(Folder(), name_of(i), target));
       },
       [&](std::size_t, Attempt<LineList> attempt) { lines.push_back(std::move(attempt.value).value_or(LineList())); });
   return lines;
@@ -195,7 +198,7 @@ void RunRanking(const ScreenTarget& target, std::vector<CoarseRow> rows, std::si
   const auto fitted = RunFits(target, rows, fitted_count, threads, reporter);
   if (!fitted) return;
   rows.erase(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(fitted_count));
-  const std::vector<LineList> lines = LinesOfBest(target, *fitted, threads, reporter);
+  const std::vector<LineList> lines = LinesOfBest(target, *fitted, rows, threads, reporter);
   if (StopSignal() != 0) return;
   reporter.BeginTable(RankingColumns());
   for (const RankedRow& row : Rank(*fitted, rows, FindSame(target, lines))) {

@@ -55,6 +55,10 @@ void ReadCell(Run& run) {
 
 void TellReading(const ReflectionReading& reading, const TextInput& text, std::vector<std::string>& notices) {
   if (reading.limit_met) notices.push_back(std::string(kReflectionLimitMessage) + ": later rows were not read");
+  if (reading.passed_over_count > 0)
+    notices.push_back(text.Name() + ", line " + std::to_string(reading.first_passed_over) + ": " +
+                      std::to_string(reading.passed_over_count) +
+                      " rows passed over from here on, for they do not hold seven texts with blanks between");
   if (reading.unreadable_line > 0)
     notices.push_back(text.Name() + ", line " + std::to_string(reading.unreadable_line) +
                       ": no reflection, the list ends here: " + Quote(reading.unreadable_text));

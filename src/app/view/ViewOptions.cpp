@@ -136,7 +136,10 @@ QString ViewUsage() {
          "  --version                prints the version\n"
          "\n"
          "Exit code: 0, 1 where a file cannot be read or written, 2 where the command line is wrong or no display is "
-         "there.\n";
+         "there.\n"
+         "\n"
+         "The manual is in share/doc/talven of the installation (html/plot.html or plot.md), and in docs of the "
+         "source.\n";
 }
 
 }  // namespace talven

@@ -17,7 +17,6 @@ class ViewWindow : public QMainWindow {
 
  private:
   void MakeMenus();
-  void ShowKeys();
   void ShowAbout();
 
   PlotWidget* plot_;

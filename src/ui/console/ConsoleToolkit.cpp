@@ -73,6 +73,10 @@ std::optional<int> ConsoleToolkit::IOsCommand(std::string_view command, int flag
   return StartDetached(*lookup.command) ? std::optional(0) : std::nullopt;
 }
 
+void ConsoleToolkit::TellHint(std::string_view hint) {
+  Tell(std::string(hint).append("\n"));
+}
+
 void ConsoleToolkit::TellOfProgram(std::string_view line) {
   Tell(std::string("[program] ").append(line).append("\n"));
 }

@@ -32,6 +32,7 @@ class ConsoleToolkit : public Toolkit {
   void WGrAreaClear() override {}
   void IOsWait(int) override {}
   std::optional<int> IOsCommand(std::string_view command, int flags) override;
+  void TellHint(std::string_view hint) override;
   void TellOfProgram(std::string_view line) override;
 
  protected:

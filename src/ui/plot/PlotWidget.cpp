@@ -17,6 +17,7 @@ PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent), parts_(std::make_uniq
   MakeToolBar();
   ConnectParts();
   setFocusProxy(parts_->canvas);
+  setFocusPolicy(parts_->canvas->focusPolicy());
   Redraw(false);
 }
 

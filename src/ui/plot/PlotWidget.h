@@ -55,6 +55,8 @@ class PlotWidget : public QWidget {
 
   /// Adds this plot's commands to the menus of a window.
   void FillMenus(QMenu& file, QMenu& view, QMenu& peaks);
+  /// The window has a use of its own for the keys of Open.
+  void GiveUpOpenKeys();
 
  signals:
   /// The title of what is shown.

@@ -107,6 +107,10 @@ void PlotWidget::FillMenus(QMenu& file, QMenu& view, QMenu& peaks) {
   peaks.addActions({p.peaks, p.undo_peak, p.redo_peak, p.save_peaks});
 }
 
+void PlotWidget::GiveUpOpenKeys() {
+  parts_->open->setShortcut({});
+}
+
 void PlotWidget::FillEarlier(QMenu& menu) {
   menu.clear();
   for (const PlotSeries& series : parts_->model.Earlier()) {

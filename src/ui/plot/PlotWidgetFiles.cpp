@@ -12,6 +12,7 @@
 #include "textio/InputFile.h"
 #include "textio/OutputFile.h"
 #include "ui/plot/PlotExport.h"
+#include "ui/plot/PlotHelp.h"
 #include "ui/plot/PlotParts.h"
 #include "ui/plot/RankingDialog.h"
 
@@ -23,14 +24,7 @@ constexpr double kPngScale = 2.0;
 
 QString PatternFilter() {
   QStringList globs;
-  for (const PatternKind& kind : PatternKinds()) {
-    if (!kind.missing_library.empty()) continue;
-    const auto extensions = QString::fromUtf8(kind.extensions.data(), static_cast<qsizetype>(kind.extensions.size()));
-    for (const QString& extension : extensions.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-      globs << "*." + extension.toLower() << "*." + extension.toUpper();
-    }
-  }
-  globs.removeDuplicates();
+  for (const QString& ending : PatternEndings()) globs << "*." + ending.toLower() << "*." + ending;
   return PlotWidget::tr("Patterns (%1);;All files (*)").arg(globs.join(QLatin1Char(' ')));
 }
 

@@ -5,6 +5,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -79,23 +80,40 @@ void MainWindow::MakeMenus() {
   QMenu* const file = menuBar()->addMenu("&File");
   file->addAction("&Open File of a Job...", QKeySequence::Open, this, &MainWindow::ChooseJobFile);
   file->addAction("&Quit", QKeySequence("Ctrl+Q"), this, &QWidget::close);
-  QMenu* const view = menuBar()->addMenu("&View");
+  QMenu* const view = view_menu_ = menuBar()->addMenu("&View");
   view->addAction("&Next Area", QKeySequence("F6"), this, &MainWindow::GoToNextArea);
   view->addAction("&Page", QKeySequence("Alt+1"), this, [this] { Texts().setCurrentIndex(0); });
   view->addAction("&All Lines", QKeySequence("Alt+2"), this, [this] { Texts().setCurrentIndex(1); });
   view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] { areas_->ShowPlot(); });
   view->addAction("&Output of the Last Program", this, &MainWindow::OutputAsked);
-  QMenu* const help = menuBar()->addMenu("&Help");
+  QMenu* const help = help_menu_ = menuBar()->addMenu("&Help");
   help->addAction("&Manual", QKeySequence("F1"), this, &MainWindow::OpenManual);
   help->addAction("&What's This?", QKeySequence("Shift+F1"), this, [] { QWhatsThis::enterWhatsThisMode(); });
-  help->addAction("&About Talven", this, [this] { ShowAbout(this); });
+  help->addAction("&About Talven", this, [this] { ShowAbout(this, credits_); });
+}
+
+QMenu& MainWindow::AddMenu(const QString& title) {
+  auto* const menu = new QMenu(title, this);
+  menuBar()->insertMenu(help_menu_->menuAction(), menu);
+  return *menu;
+}
+
+void MainWindow::SetPlot(QWidget* plot, const QStringList& endings) {
+  pattern_endings_ = endings;
+  // What is dropped on it comes here: a file of a job may be meant.
+  plot->setAcceptDrops(false);
+  areas_->Plot().SetPlot(plot);
+}
+
+bool MainWindow::IsForPlot(const QString& path) {
+  const bool is_pattern = IsPatternFile(path) || pattern_endings_.contains(QFileInfo(path).suffix().toUpper());
+  return is_pattern && areas_->Plot().HasPlot();
 }
 
 void MainWindow::OpenFile(const QString& path) {
-  const bool is_shown = areas_->Plot().HasPlot() && IsPatternFile(path);
-  if (is_shown) areas_->ShowPlot();
-  if (is_shown) return emit PatternToShow(path);
-  Texts().OpenText(path);
+  if (!IsForPlot(path)) return Texts().OpenText(path);
+  areas_->ShowPlot();
+  emit PatternToShow(path);
 }
 
 void MainWindow::OpenManual() {
@@ -144,7 +162,11 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
-  emit JobFileChosen(LocalFile(*event->mimeData()));
+  const QString path = LocalFile(*event->mimeData());
+  PlotArea& plot = areas_->Plot();
+  const bool is_over_plot = plot.isVisible() && plot.rect().contains(plot.mapFrom(this, event->position().toPoint()));
+  if (is_over_plot && IsForPlot(path)) return emit PatternToShow(path);
+  emit JobFileChosen(path);
 }
 
 }  // namespace talven

@@ -27,9 +27,16 @@ class MainWindow : public QMainWindow {
   FormArea& Form() { return areas_->Form(); }
   WindowState& State() { return state_; }
 
-  /// Takes over a widget as the plot.
-  void SetPlot(QWidget* plot) { areas_->Plot().SetPlot(plot); }
+  /// Takes over a widget as the plot. Files with one of these endings, or with that of a pattern of the program's own,
+  /// are for it; the endings are in upper case and without a point.
+  void SetPlot(QWidget* plot, const QStringList& endings = {});
   PlotArea& Plot() { return areas_->Plot(); }
+  /// A new menu in front of Help.
+  QMenu& AddMenu(const QString& title);
+  QMenu& ViewMenu() { return *view_menu_; }
+  QMenu& HelpMenu() { return *help_menu_; }
+  /// Paragraphs for the box about the program, on what else is inside.
+  void SetCredits(const QString& credits) { credits_ = credits; }
   /// Gives the form the room that it needs; to be called when another one is shown.
   void FitForm() { areas_->FitForm(); }
   /// Where a message box belongs.
@@ -58,6 +65,7 @@ class MainWindow : public QMainWindow {
  private:
   void MakeMenus();
   void PlaceWindow(QRect place);
+  bool IsForPlot(const QString& path);
   void OpenFile(const QString& path);
   void OpenManual();
   void ChooseJobFile();
@@ -66,6 +74,10 @@ class MainWindow : public QMainWindow {
   WindowState state_;
   Areas* areas_;
   StatusLine* status_;
+  QMenu* view_menu_ = nullptr;
+  QMenu* help_menu_ = nullptr;
+  QStringList pattern_endings_;
+  QString credits_;
 };
 
 }  // namespace talven

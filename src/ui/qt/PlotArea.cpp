@@ -7,6 +7,7 @@ PlotArea::PlotArea(QWidget* parent) : QStackedWidget(parent), empty_(new QLabel(
   setAccessibleName("Plot");
   setFrameShape(QFrame::StyledPanel);
   empty_->setAlignment(Qt::AlignCenter);
+  empty_->setWordWrap(true);
   empty_->setEnabled(false);
   addWidget(empty_);
 }

@@ -11,6 +11,8 @@ class PlotArea : public QStackedWidget {
  public:
   explicit PlotArea(QWidget* parent = nullptr);
 
+  /// What stands here as long as there is no plot.
+  void SetEmptyText(const QString& text) { empty_->setText(text); }
   /// Takes over a widget as the plot.
   void SetPlot(QWidget* plot);
   bool HasPlot() const { return count() > 1; }

@@ -130,6 +130,12 @@ void QtToolkit::JobSettled(std::string_view job) {
   });
 }
 
+void QtToolkit::TellHint(std::string_view hint) {
+  OnGui([&] {
+    if (window_) window_->Status().ShowRemark(ToQString(hint));
+  });
+}
+
 void QtToolkit::ShowRunning() {
   if (window_) window_->Status().ShowRunning(memory_->running);
 }

@@ -60,6 +60,7 @@ class QtToolkit : public Toolkit {
   std::optional<int> IOsCommand(std::string_view command, int flags) override;
   void TellOfProgram(std::string_view line) override;
   void JobSettled(std::string_view job) override;
+  void TellHint(std::string_view hint) override;
 
  protected:
   int RunForm(FormState& form) override;

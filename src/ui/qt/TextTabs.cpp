@@ -39,7 +39,8 @@ QString ReadText(const QString& path) {
 
 QString FindManualPage(std::string_view page) {
   const QString program = QCoreApplication::applicationDirPath();
-  for (const char* const folder : {"/../share/doc/talven/", "/docs/", "/../../../docs/"}) {
+  for (const char* const folder :
+       {"/../share/doc/talven/html/", "/../share/doc/talven/", "/docs/", "/../../../docs/"}) {
     for (const char* const ending : {".html", ".md"}) {
       const QString path = program + folder + ToQString(page) + ending;
       if (QFile::exists(path)) return QFileInfo(path).absoluteFilePath();

@@ -33,8 +33,8 @@ class TextTabs : public QTabWidget {
   QPlainTextEdit* all_;
 };
 
-/// The file of a manual page: `share/doc/talven/NAME.html` or `.md` beside the program's folder, or `docs/` of the
-/// source above it. Empty if there is none.
+/// The file of a manual page: `share/doc/talven/html/NAME.html`, or `.md` in `share/doc/talven`, beside the program's
+/// folder, or `docs/` of the source above it. Empty if there is none.
 QString FindManualPage(std::string_view page);
 
 }  // namespace talven

@@ -312,5 +312,20 @@ TEST_F(RunCommands, FailuresNameFileAndReason) {
   EXPECT_TRUE(Exists("out/ABC.ING") && Exists("out/BAD.ING") && !Exists("out/NOCELL.ING"));
 }
 
+TEST_F(RunCommands, RowsPassedOverAreCountedFromTheFirst) {
+  const std::string head = "# h k l\nloop_\n _refln_index_h\n";
+  const std::string row = "   1   0   0      400.00      401.00      1.00 o\n";
+  const std::string touching = "   1   1   0-1234567.89-1234567.89      1.00 o\n";
+  WriteFile("ABC.FCF", head + row + touching + "\n" + touching + Replaced(row, "   0   0", "   0   1"));
+  const Outcome fcf = RunTool("simulate ABC.INS --data fcf");
+  EXPECT_EQ(LineOf(fcf.messages, 1),
+            "ABC.INS: ABC.FCF, line 5: 2 rows passed over from here on, for they do not hold seven texts with blanks "
+            "between");
+  EXPECT_EQ(ValueOf(fcf.output, "rows"), "2");
+  WriteFile("ABC.HKL", HklRow(1, 0, 0, 1) + HklRow(1, 1, 0, 1) + HklRow(-1, 0, 0, 1) + HklRow(1, 1, 0, 1));
+  EXPECT_EQ(RunTool("fcalc ABC.INS -o out").messages,
+            "ABC.INS: ABC.HKL, line 3: 2 rows passed over from here on, for they repeat earlier ones\n");
+}
+
 }  // namespace
 }  // namespace talven::test

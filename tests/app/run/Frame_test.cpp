@@ -55,7 +55,7 @@ struct Outcome {
 Outcome RunCopy(const std::string& arguments, const std::string& input = "", bool is_watched = false) {
   std::vector<std::string> words = {"talven-run"};
   std::istringstream list(arguments);
-  for (std::string word; list >> word;) words.push_back(Replaced(word, "_", " "));
+  for (std::string word; list >> word;) words.push_back(word == "''" ? "" : Replaced(word, "_", " "));
   std::istringstream in(input);
   std::ostringstream output, messages;
   Commands commands;
@@ -85,6 +85,9 @@ TEST_F(RunFrame, BadCommandLinesDoNothing) {
         Row{"copy", "no input files\n"},
         Row{"copy --files-from empty.list", "empty.list: names no input files\n"},
         Row{"copy --files-from none", "--files-from: none: cannot be opened"},
+        Row{"copy a.in -o ''", "-o: expected the name of a file or folder, found \"\"\n"},
+        Row{"copy a.in --files-from ''", "--files-from: expected the name of a file or folder, found \"\"\n"},
+        Row{"copy a.in ''", "the name of an input is empty\n"},
         Row{"copy -0 a.in", "--null requires --files-from"},
         Row{"copy --nonsense a.in", "--nonsense"},
         Row{"copy a.in -j 0", "-j: expected a whole number from 1 to 1024, found \"0\"\n"},

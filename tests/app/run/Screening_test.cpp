@@ -101,7 +101,10 @@ TEST_F(Screening, PeaksAreListedForTheComparison) {
   EXPECT_EQ(peaks.exit_code, 0) << peaks.messages;
   EXPECT_EQ(LineOf(peaks.output, 1), "file\tpeaks\talpha2\tfwhm\twavelength\toutput");
   const std::string list = ReadFile("T.peaks.LST");
-  EXPECT_TRUE(list.starts_with("   Radiation Wavelength   1.54056\n   Marked Peaks\n")) << list;
+  EXPECT_TRUE(
+      list.starts_with(" Peaks: 2theta in degrees, height above the background\n"
+                       "   Radiation Wavelength   1.54056\n   Marked Peaks\n"))
+      << list;
   const Outcome compared = RunTool("compare T.peaks.LST T.peaks.LST");
   EXPECT_EQ(compared.exit_code, 0) << compared.messages;
   // The list takes part in a screening too, on either side.

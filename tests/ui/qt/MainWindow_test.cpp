@@ -228,10 +228,13 @@ TEST_F(MainWindowTest, FilesOfTheLastRunAreLinksThatOpen) {
     const QString list = QString::fromStdString((Path() / "SBRAG.LST").string());
     emit Window().Status().FileAsked(list);
     EXPECT_EQ(Window().findChild<QPlainTextEdit*>(list)->toPlainText(), "text of a file");
-    Window().SetPlot(new QLabel("plot"));
+    Window().SetPlot(new QLabel("plot"), {"XRDML"});
     emit Window().Status().FileAsked(QString::fromStdString((Path() / "ABC.CPI").string()));
+    emit Window().Status().FileAsked("scan.xrdml");
+    toolkit.TellHint("ABC.FCF: holds LIST 6");
+    EXPECT_EQ(Part("remark").text(), "ABC.FCF: holds LIST 6");
   });
-  ASSERT_EQ(shown.size(), 2) << "the one that the run wrote, and the one that was clicked";
+  ASSERT_EQ(shown.size(), 3) << "the one that the run wrote, and those that were clicked";
   EXPECT_TRUE(shown[0][0].toString().endsWith("ABC.ING") && shown[1][0].toString().endsWith("ABC.CPI"));
 }
 

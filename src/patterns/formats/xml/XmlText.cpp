@@ -41,24 +41,23 @@ pugi::xml_node FindElement(const pugi::xml_node& node, std::string_view name) {
   return node.find_node([&](const pugi::xml_node& n) { return name == n.name(); });
 }
 
-std::string JoinedText(const pugi::xml_node& element) {
-  std::string text;
-  for (const pugi::xml_node& part : element.children()) text.append(part.value()).append(" ");
-  return text;
-}
-
 std::optional<double> PositiveNumber(std::string_view text) {
   const auto number = LeadingNumber(text);
   return number && *number > 0.0 ? number : std::nullopt;
 }
 
-void ReadNumberList(std::string_view file, std::string_view text, std::string_view what, std::vector<double>& values) {
-  values.reserve(values.size() + text.size() / 2 + 1);
-  for (std::string_view word = NextWord(text); !word.empty(); word = NextWord(text)) {
-    const auto number = ReadReal<double>(word);
-    if (!number) FailInFile(file, "numbers as " + std::string(what), Quote(word));
-    values.push_back(*number);
+std::vector<double> ReadNumberList(std::string_view file, const pugi::xml_node& list, std::string_view what) {
+  std::vector<double> values;
+  values.reserve(std::string_view(list.child_value()).size() / 2 + 1);
+  for (const pugi::xml_node& part : list.children()) {
+    std::string_view text = part.value();
+    for (std::string_view word = NextWord(text); !word.empty(); word = NextWord(text)) {
+      const auto number = ReadReal<double>(word);
+      if (!number) FailInFile(file, "numbers as " + std::string(what), Quote(word));
+      values.push_back(*number);
+    }
   }
+  return values;
 }
 
 }  // namespace talven

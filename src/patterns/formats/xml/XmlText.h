@@ -3,7 +3,6 @@
 
 #include <optional>
 #include <pugixml.hpp>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,13 +15,11 @@ void ParseXml(std::string_view file, std::string_view text, pugi::xml_document& 
 /// The first element of a name anywhere below a node, in the order of the text; an empty node if there is none.
 pugi::xml_node FindElement(const pugi::xml_node& node, std::string_view name);
 
-/// All text of an element, also where remarks part it.
-std::string JoinedText(const pugi::xml_node& element);
-
 /// The number in an element or attribute; nothing if there is none or none above 0.
 std::optional<double> PositiveNumber(std::string_view text);
 
-/// Appends the numbers of a list parted by blanks. Throws FatalIoError for any other word; `what` names the list.
-void ReadNumberList(std::string_view file, std::string_view text, std::string_view what, std::vector<double>& values);
+/// The numbers of a list parted by blanks and remarks, none for an empty node. Throws FatalIoError for any other word;
+/// `what` names the list.
+std::vector<double> ReadNumberList(std::string_view file, const pugi::xml_node& list, std::string_view what);
 
 }  // namespace talven

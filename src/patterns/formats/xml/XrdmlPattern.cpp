@@ -50,13 +50,13 @@ std::string FindInstrument(const pugi::xml_node& root) {
 void TakeCounts(const std::string& name, const pugi::xml_node& points, PatternFile& file) {
   std::vector<double>& counts = file.pattern.counts;
   if (const pugi::xml_node intensities = points.child("intensities")) {
-    ReadNumberList(name, JoinedText(intensities), "intensities", counts);
+    counts = ReadNumberList(name, intensities, "intensities");
     return;
   }
   if (!points.child("counts")) FailInFile(name, "intensities or counts among the data points", "neither");
-  ReadNumberList(name, JoinedText(points.child("counts")), "counts", counts);
-  std::vector<double> factors;
-  ReadNumberList(name, JoinedText(points.child("beamAttenuationFactors")), "attenuation factors", factors);
+  counts = ReadNumberList(name, points.child("counts"), "counts");
+  const std::vector<double> factors =
+      ReadNumberList(name, points.child("beamAttenuationFactors"), "attenuation factors");
   if (factors.empty()) return;
   if (factors.size() != counts.size())
     FailInFile(name, "one attenuation factor to a point, " + std::to_string(counts.size()),
@@ -80,7 +80,7 @@ void SetAngles(const std::string& name, const pugi::xml_node& points, Pattern& p
     FailInFile(name, "a scan of 2theta",
                what + " with 2theta at " + std::string(TrimSpace(common.child_value())) + " degrees");
   if (const pugi::xml_node list = positions.child("listPositions")) {
-    ReadNumberList(name, JoinedText(list), "positions of 2Theta", pattern.two_theta);
+    pattern.two_theta = ReadNumberList(name, list, "positions of 2Theta");
     if (pattern.two_theta.size() == pattern.PointCount()) return;
     FailInFile(name, "as many positions as counts, " + std::to_string(pattern.PointCount()),
                std::to_string(pattern.two_theta.size()));
