@@ -14,13 +14,13 @@ void RunInput(std::string_view input);
 /// Files of the job by name.
 using Files = std::map<std::string, std::string_view>;
 
-/// How a session is run: arguments behind the program's path, and answers.
+/// How a session is run: arguments after the program's path, and answers.
 struct Way {
   std::vector<std::string> arguments;
   std::string answers;
 };
 
-/// Job ABC started by its caller: options in turn, each with the answers behind it, as "4\n1006=3\nok\n".
+/// Job ABC started by its caller: options in turn, each with the answers to it, as "4\n1006=3\nok\n".
 Way Options(const std::vector<std::string>& options, const std::string& job = "ABC");
 /// The job on an unattended run, without questions.
 Way Unattended(const std::string& job);

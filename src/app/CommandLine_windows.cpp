@@ -1,7 +1,7 @@
 #define WIN32_LEAN_AND_MEAN
 #define NOMINMAX
 #include <windows.h>
-// Behind the former, whose types it needs.
+// After the former, whose types it needs.
 #include <shellapi.h>
 
 #include <memory>

@@ -21,13 +21,13 @@ void ComparisonLog::WriteTitle() {
 
 void ComparisonLog::WriteRunSeparator() {
   FreeFormLine(log_).Text(" *****************************************").End();
-  listener_.Take(" ++++++++++++++++++++++++++++++++++++++++");
+  listener_.Receive(" ++++++++++++++++++++++++++++++++++++++++");
 }
 
 void ComparisonLog::WriteFileLine(std::string_view label, std::string_view file_name, std::string_view directory) {
   const Text80 line(Record().A(label).A(file_name).X(1).A(directory).Text());
   FreeFormLine(log_).Text(line.View()).End();
-  listener_.Take(line.View());
+  listener_.Receive(line.View());
 }
 
 void ComparisonLog::WriteTwoThetaLimit(float limit) {
@@ -35,8 +35,8 @@ void ComparisonLog::WriteTwoThetaLimit(float limit) {
 }
 
 void ComparisonLog::WriteHeadedRow(std::string_view heading, std::string_view row) {
-  listener_.Take(heading);
-  listener_.Take(row);
+  listener_.Receive(heading);
+  listener_.Receive(row);
   FreeFormLine(log_).Text(heading).End();
   log_.WriteLine(row);
 }
@@ -52,7 +52,7 @@ void ComparisonLog::WriteSettings(const ComparisonSettings& settings, std::int32
 void ComparisonLog::WriteBandHeading() {
   constexpr std::string_view kHeading = "      Bno. Start   End   Max.pk Max.cnt    Tot.cnt  Pk.no.";
   FreeFormLine(log_).Text(kHeading).End();
-  listener_.Take(kHeading);
+  listener_.Receive(kHeading);
 }
 
 void ComparisonLog::WriteBands(const PeakBands& found) {
@@ -66,12 +66,12 @@ void ComparisonLog::WriteBand(std::int32_t number, const PeakBand& band) {
   row.F(band.HighestIntensity, 8, 0).F(band.HighestPosition, 7, 2);
   row.F(band.IntensitySum, 12, 0).F(band.PeakCount, 5, 0);
   log_.WriteLine(row);
-  listener_.Take(row.Text());
+  listener_.Receive(row.Text());
 }
 
 void ComparisonLog::WriteReferenceArea(float RefArea) {
   FreeFormLine(log_).Text(" Reference Area ").Real(RefArea).End();
-  listener_.Take(Record().A("Reference Area ").G(RefArea).Text());
+  listener_.Receive(Record().A("Reference Area ").G(RefArea).Text());
 }
 
 void ComparisonLog::WriteScoreDetails(const PairScore& score, float SAF) {
@@ -91,13 +91,13 @@ void ComparisonLog::WritePeakScoreDetails(const PairScore& score) {
   if (score.has_many_unmatched) FreeFormLine(log_).Text("# S not M >.33 R ").Real(score.UnmatchedFraction).End();
   constexpr std::string_view kNotMatched = " Not Matched R ";
   FreeFormLine(log_).Text(kNotMatched).Integer(score.NotMatchedR).Text(" S ").Integer(score.NotMatchedS).End();
-  listener_.Take(Record().A(kNotMatched).I(score.NotMatchedR, 12).A(" S ").I(score.NotMatchedS, 12).Text());
+  listener_.Receive(Record().A(kNotMatched).I(score.NotMatchedR, 12).A(" S ").I(score.NotMatchedS, 12).Text());
 }
 
 void ComparisonLog::WriteAreaDetails(const PairScore& score, float SAF) {
   FreeFormLine(log_).Text(" Sample Area ").Real(score.SAREA).End();
   FreeFormLine(log_).Text(" SAREA, Fract. FLimit").Real(score.SAREA).Real(score.Fract).Real(SAF).End();
-  listener_.Take(Record().A(" SAREA, Fract. FLimit ").G(score.SAREA).G(score.Fract).G(SAF).Text());
+  listener_.Receive(Record().A(" SAREA, Fract. FLimit ").G(score.SAREA).G(score.Fract).G(SAF).Text());
 }
 
 void ComparisonLog::WriteResult(const PairScore& score) {

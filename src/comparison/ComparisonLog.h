@@ -31,7 +31,7 @@ namespace talven {
 class LineListener {
  public:
   virtual ~LineListener() = default;
-  virtual void Take(std::string_view line) = 0;
+  virtual void Receive(std::string_view line) = 0;
 };
 
 /// Log and listener outlive the writer. Where nothing else is said a line goes to both, to the log first.

@@ -39,7 +39,7 @@ void OpenBand(BandScan& scan) {
   row.IntensitySum = scan.list.Intensity[scan.k];
 }
 
-/// Adds the peak behind the present one if it belongs to the open band.
+/// Adds the peak after the present one if it belongs to the open band.
 bool JoinNext(BandScan& scan) {
   const std::int32_t next = scan.k + 1;
   const double position = scan.list.TwoTheta[next];

@@ -27,7 +27,7 @@ bool FindKeyword(TextInput& lst, std::string_view keyword, Text80& line) {
   return false;
 }
 
-/// Letters and the signs behind the digits in the code table. Characters beyond ASCII are not among them.
+/// Letters and the signs after the digits in the code table. Characters beyond ASCII are not among them.
 bool IsAboveDigits(char c) {
   return static_cast<signed char>(c) > '9';
 }

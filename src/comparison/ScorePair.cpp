@@ -58,7 +58,7 @@ struct Pair {
 };
 
 /// The positions of the strongest peaks of a list, rising.
-std::span<const float> TakeStrongest(const PeakList& list, StrongestPositions& positions) {
+std::span<const float> CollectStrongest(const PeakList& list, StrongestPositions& positions) {
   const auto strongest = list.TwoTheta.Range(1, std::min(list.count, kStrongest));
   const auto taken = std::span(positions).first(strongest.size());
   std::ranges::copy(strongest, taken.begin());
@@ -78,8 +78,8 @@ void MatchPeaks(const Pair& pair, double AngTol, PairScore& score) {
 
   StrongestPositions reference_positions;
   StrongestPositions sample_positions;
-  const auto reference_strongest = TakeStrongest(pair.Reference.list, reference_positions);
-  const auto sample_strongest = TakeStrongest(pair.Sample.list, sample_positions);
+  const auto reference_strongest = CollectStrongest(pair.Reference.list, reference_positions);
+  const auto sample_strongest = CollectStrongest(pair.Sample.list, sample_positions);
   score.T4RS = Store(FindMatches(reference_strongest, sample_strongest, AngTol).pairs);
   score.RNM4 = Store(FindMatches(reference_strongest, sample, AngTol).unmatched_first);
 }

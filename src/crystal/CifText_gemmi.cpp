@@ -12,7 +12,7 @@ std::string ValueOf(const std::string& raw) {
   return cif::is_null(raw) ? std::string() : cif::as_string(raw);
 }
 
-void TakeLoop(const cif::Loop& loop, CifBlock& block) {
+void AddLoop(const cif::Loop& loop, CifBlock& block) {
   const std::size_t width = loop.tags.size();
   for (std::size_t column = 0; column < width; ++column) {
     auto& values = block.values[gemmi::to_lower(loop.tags[column])];
@@ -31,7 +31,7 @@ std::vector<CifBlock> ParseCif(std::string_view text, const std::string& name) {
     block.name = from.name;
     for (const cif::Item& item : from.items) {
       if (item.type == cif::ItemType::Pair) block.values[gemmi::to_lower(item.pair[0])] = {ValueOf(item.pair[1])};
-      if (item.type == cif::ItemType::Loop) TakeLoop(item.loop, block);
+      if (item.type == cif::ItemType::Loop) AddLoop(item.loop, block);
     }
     blocks.push_back(std::move(block));
   }

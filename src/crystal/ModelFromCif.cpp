@@ -139,7 +139,7 @@ class AtomLoop {
       : block_(block), name_(name), tensors_(TensorsOf(block)), model_(model) {}
 
   /// False for a row without a position.
-  bool Take(std::size_t row) {
+  bool Read(std::size_t row) {
     constexpr std::array<const char*, 3> kPosition = {"fract_x", "fract_y", "fract_z"};
     Atom atom{.label = Text("label", row)};
     for (std::size_t i = 0; i < atom.position.size(); ++i) {
@@ -202,10 +202,10 @@ class AtomLoop {
   std::map<std::string, std::size_t> scatterers_;
 };
 
-void TakeAtoms(const CifBlock& block, const std::string& name, CifStructure& structure) {
+void ReadAtoms(const CifBlock& block, const std::string& name, CifStructure& structure) {
   AtomLoop atoms(block, name, structure.model);
   std::size_t passed_over = 0;
-  for (std::size_t row = 0; row < block.Column("_atom_site_label").size(); ++row) passed_over += !atoms.Take(row);
+  for (std::size_t row = 0; row < block.Column("_atom_site_label").size(); ++row) passed_over += !atoms.Read(row);
   if (passed_over > 0)
     structure.notices.push_back(name + ": " + std::to_string(passed_over) + (passed_over == 1 ? " atom" : " atoms") +
                                 " without a position passed over");
@@ -276,7 +276,7 @@ CifStructure ModelFromCif(const TextInput& cif) {
   model.title = block->name;
   model.lattice = *LatticeOf(*block);
   model.symmetry = SymmetryOf(*block, cif.Name(), result.notices);
-  TakeAtoms(*block, cif.Name(), result);
+  ReadAtoms(*block, cif.Name(), result);
   model.wavelength = NumberOf(block->First("_diffrn_radiation_wavelength")).value_or(0.0);
   if (model.wavelength > 0.0) SetWavelength(model, model.wavelength);
   result.reflections = ReflectionsOf(*block);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "crystal/Symmetry.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -54,7 +55,7 @@ bool ParseComponent(std::string_view text, std::array<int, 3>& row, int& transla
     }
     is_first = false;
     if (text.empty()) return false;
-    const char letter = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
+    const char letter = LowerCase(text.front());
     if (letter >= 'x' && letter <= 'z') {
       row[static_cast<std::size_t>(letter - 'x')] += sign;
       text.remove_prefix(1);

@@ -1,4 +1,4 @@
-// The automatic mode behind the dummy list: refinement, its calculated data as a reflection list, and the pattern.
+// The automatic mode after the dummy list: refinement, its calculated data as a reflection list, and the pattern.
 #pragma once
 
 #include "handlers/FcfToHkl.h"

@@ -21,7 +21,7 @@ constexpr std::size_t kDirectoryLength = 160;
 /// Shows the log's lines in the pane.
 struct PaneLines : LineListener {
   explicit PaneLines(TextPane& used_pane) : pane(used_pane) {}
-  void Take(std::string_view line) override { pane.WriteTextLineFrom(Text80(line), 1); }
+  void Receive(std::string_view line) override { pane.WriteTextLineFrom(Text80(line), 1); }
   TextPane& pane;
 };
 
@@ -101,7 +101,7 @@ std::string SelectedFile(const ComparisonSession& session) {
   return std::string(session.Stem.First(length)).append(".LST");
 }
 
-std::string TakeDirectory(Comparison& c) {
+std::string NoteDirectory(Comparison& c) {
   std::string directory = c.ui.toolkit.IOsDirName().substr(0, kDirectoryLength);
   c.session.SelectorStatus = static_cast<std::int32_t>(TrimRight(directory).size());
   return directory;
@@ -126,13 +126,13 @@ void PrepareReference(Comparison& c) {
 }
 
 /// From the reference file to its sorted peaks.
-Outcome TakeReference(Comparison& c) {
+Outcome LoadReference(Comparison& c) {
   c.session.Reference.list = PeakList();
   if (!SelectFile(c, "Find REFERENCE LST file")) return Outcome::kCancelled;
   InputFile file;
   const std::string name = SelectedFile(c.session);
   file.OpenRequired(c.folder, name);
-  const std::string directory = TakeDirectory(c);
+  const std::string directory = NoteDirectory(c);
   c.log.WriteRunSeparator();
   c.log.WriteFileLine(" Reference ", name, directory);
   ReadReference(c, file);
@@ -158,7 +158,7 @@ void ScoreSample(Comparison& c) {
 bool CompareSample(Comparison& c) {
   if (!SelectFile(c, "Find Sample LST file")) return false;
   const std::string name = SelectedFile(c.session);
-  c.log.WriteFileLine(" Sample Name ", name, TakeDirectory(c));
+  c.log.WriteFileLine(" Sample Name ", name, NoteDirectory(c));
   InputFile file;
   file.OpenRequired(c.folder, name);
   ReadPeakList(file, c.session.Sample.list);
@@ -173,7 +173,7 @@ bool CompareSample(Comparison& c) {
 /// One reference with its samples.
 Outcome CompareWithReference(Comparison& c) {
   AskSettings(c.ui, c.session.NotMatchedS, c.session.Settings);
-  if (const Outcome outcome = TakeReference(c); outcome != Outcome::kGoOn) return outcome;
+  if (const Outcome outcome = LoadReference(c); outcome != Outcome::kGoOn) return outcome;
   do {
     if (!CompareSample(c)) return Outcome::kCancelled;
   } while (AskYes(c.ui, "Compare another Powder LST file"));

@@ -69,7 +69,7 @@ bool NormaliseIns(DummyRun& r) {
 bool SettleMode(DummyRun& r, WminState marker) {
   if (r.run.TrimmedJobName() == "VRAIL" || marker == WminState::kWmin) r.run.AutoState = 1;
   if (r.IsAutomatic() && !NormaliseIns(r)) return false;
-  // On purpose behind the normalisation: a file rewritten by an earlier run is taken as it stands.
+  // On purpose after the normalisation: a file rewritten by an earlier run is taken as it stands.
   if (marker == WminState::kXwmin) r.run.AutoState = 1;
   return true;
 }

@@ -25,7 +25,7 @@ class PeakFileSelector {
   void SelectPeakFile(Ui& ui, std::string_view title, FileStem& stem, std::int32_t& stem_length, std::int32_t& status);
 
  private:
-  /// Column behind the last folder separator; kept from call to call where a path has none.
+  /// Column after the last folder separator; kept from call to call where a path has none.
   std::int32_t name_start_ = 1;
 };
 

@@ -49,7 +49,7 @@ ReformatOptions ChooseOptions(Ui& ui, const RunState& run, IngHeader& header) {
   return {header.Wavelength, field::ChosenWavelength(field::kCopper, 0.0F), header.Step};
 }
 
-/// Everything behind the head. A pattern that cannot be reformatted leaves the new file empty.
+/// Everything after the head. A pattern that cannot be reformatted leaves the new file empty.
 void ReformatRows(Ui& ui, const RunState& run, InputFile& ing, IngHeader header, ReformatWork& work,
                   OutputFile& new_ing) {
   if (work.FineStep == 0.0F) return ui.ShowMessage("Step Size is NOT a Multiple of 0.005");

@@ -40,7 +40,7 @@ struct Run {
   RunFiles files;
 };
 
-/// How a step went on.
+/// What comes after a step.
 enum class Outcome { kGoOn, kRestart, kEnd };
 
 bool OpenInputs(Run& r) {

@@ -23,16 +23,20 @@ void WriteFreeFormText(std::string_view text, TextOutput& cpi) {
 
 }  // namespace
 
+std::string MomentText(const CalendarDate& date, const ClockTime& time) {
+  Record text;
+  text.I(date.day, 2).A("-").I(date.month, 2).A("-").I(date.year, 4).A(" at ");
+  text.I(time.hour, 2).A(":").I(time.minute, 2).A(":").I(time.second, 2);
+  return std::string(text.Text());
+}
+
 void WriteCpiHead(const CpiHead& head, const Pattern& pattern, TextOutput& cpi) {
   WriteFreeFormText("SIETRONICS", cpi);
   for (const double value : {static_cast<double>(pattern.title.size()), head.end_value, pattern.step.value_or(0.0)})
     WriteLeftJustified(Record().F(value, 8, 3), cpi);
   WriteFreeFormText("Xx", cpi);
   WriteLeftJustified(Record().F(pattern.wavelength.value_or(0.0), 9, 6), cpi);
-  Record moment;
-  moment.I(head.date.day, 2).A("-").I(head.date.month, 2).A("-").I(head.date.year, 4).A(" at ");
-  moment.I(head.time.hour, 2).A(":").I(head.time.minute, 2).A(":").I(head.time.second, 2);
-  cpi.WriteLine(moment);
+  cpi.WriteLine(MomentText(head.date, head.time));
   WriteFreeFormText("1", cpi);
   FreeFormLine(cpi).Text(head.job_name).Text(" from shelx HKL using Talven").End();
   WriteFreeFormText("SCANDATA", cpi);

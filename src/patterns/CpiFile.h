@@ -14,6 +14,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "crystal/Pattern.h"
@@ -25,11 +26,14 @@ namespace talven {
 /// What a head tells beside the pattern.
 struct CpiHead {
   std::string_view job_name;
-  /// Degrees, behind the last point.
+  /// Degrees, beyond the last point.
   double end_value = 0.0;
   CalendarDate date;
   ClockTime time;
 };
+
+/// A moment as heads tell it: `31-12-2024 at 12: 0: 0`.
+std::string MomentText(const CalendarDate& date, const ClockTime& time);
 
 /// Writes the head; the pattern needs a title, a step and a wavelength. On purpose: the start value is the length of
 /// the title, and not an angle.

@@ -11,8 +11,8 @@ namespace {
 constexpr double kMultipleTolerance = 0.00001;
 constexpr std::int32_t kWidestGap = 200;
 
-/// What is left of a step behind its whole multiples of `unit`, of which `per_degree` make a degree.
-float RestBehindMultiples(float step, double unit, double per_degree) {
+/// What is left of a step after its whole multiples of `unit`, of which `per_degree` make a degree.
+float RestAfterMultiples(float step, double unit, double per_degree) {
   const float multiples = std::trunc(Store(step * per_degree));
   return Store(step - multiples * unit);
 }
@@ -38,8 +38,8 @@ bool FillGap(CellCounts& FineCounts, std::int32_t empty) {
 }  // namespace
 
 void ChooseFineStep(float step, float& FineStep) {
-  if (RestBehindMultiples(step, 0.005, 200.0) < kMultipleTolerance) FineStep = 0.005F;
-  if (RestBehindMultiples(step, 0.01, 100.0) < kMultipleTolerance) FineStep = 0.01F;
+  if (RestAfterMultiples(step, 0.005, 200.0) < kMultipleTolerance) FineStep = 0.005F;
+  if (RestAfterMultiples(step, 0.01, 100.0) < kMultipleTolerance) FineStep = 0.01F;
 }
 
 bool BuildFineGrid(float first_angle, float last_angle, float FineStep, ReformatArray& FineGrid) {

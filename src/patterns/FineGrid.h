@@ -37,7 +37,7 @@ bool PlaceRows(const ReformatArray& X, const ReformatArray& Y, std::int32_t row_
                float FineStep, CellCounts& FineCounts);
 
 /// Fills runs of empty cells between set ones, up to cell_count. A run with more than 200 cells to the next set cell,
-/// or with none behind it, ends the filling.
+/// or with none after it, ends the filling.
 void FillGaps(CellCounts& FineCounts, std::int32_t cell_count);
 
 /// Sums the cells 1 to cell_count into bins of a step, the first from first_angle on. A cell at the very edge of a bin

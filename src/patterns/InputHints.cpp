@@ -23,7 +23,7 @@ std::string Hint(std::string_view name, std::string_view text) {
   return std::string(name).append(": ").append(text).append(kConvert);
 }
 
-/// True if all five names are there with the loop straight behind the last and a number in it.
+/// True if all five names are there with the loop directly after the last and a number in it.
 bool HoldsOwnPattern(TextInput& cif) {
   std::array<bool, kNames.size()> seen{};
   std::string_view line;

@@ -17,6 +17,7 @@
 #include "patterns/formats/XyTable.h"
 #include "textio/FatalIoError.h"
 #include "textio/InputFile.h"
+#include "textio/LetterCase.h"
 #include "textio/TextInput.h"
 #ifdef TALVEN_WITH_GEMMI
 #include "patterns/formats/cif/PowderCif.h"

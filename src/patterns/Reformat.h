@@ -50,7 +50,7 @@ struct WavelengthMove {
 /// it goes beyond 100000 rows, cells or bins.
 enum class ReformatOutcome { kFilled, kNothingLeft, kTooManyPoints };
 
-/// Reads the rows behind a head and fills the working grid with them; FineStep is chosen and not 0. The head takes the
+/// Reads the rows after a head and fills the working grid with them; FineStep is chosen and not 0. The head takes the
 /// range and the number of rows at the new wavelength. Throws FatalIoError for a file with too few rows; on purpose one
 /// that cannot be read ends the reading, but what stood in memory counts for the rest.
 ReformatOutcome FillWorkingGrid(TextInput& ing, const ReformatOptions& options, IngHeader& header, ReformatWork& work);

@@ -23,12 +23,12 @@ constexpr std::array<DataName, 5> kDataNames = {{
     {"_pd_meas_step_count_time", &IngHeader::StepTime},
 }};
 
-void TakeDataNames(const TextInput& cif, Text80 line, SmallCifNames& names) {
+void ReadDataNames(const TextInput& cif, Text80 line, SmallCifNames& names) {
   for (std::size_t i = 0; i < kDataNames.size(); ++i) {
     const DataName& wanted = kDataNames[i];
     if (!line.StartsWith(wanted.name)) continue;
     line.BlankFirst(wanted.name.size());
-    ParseReals(cif, line.View(), std::span(&(names.header.*wanted.value), 1), "behind " + std::string(wanted.name));
+    ParseReals(cif, line.View(), std::span(&(names.header.*wanted.value), 1), "after " + std::string(wanted.name));
     names.seen[i] = true;
   }
 }
@@ -37,13 +37,13 @@ void TakeDataNames(const TextInput& cif, Text80 line, SmallCifNames& names) {
 bool FindDataNames(TextInput& cif, SmallCifNames& names) {
   std::string_view line;
   while (cif.ReadLine(line)) {
-    TakeDataNames(cif, line, names);
+    ReadDataNames(cif, line, names);
     if (std::ranges::all_of(names.seen, [](bool seen) { return seen; })) return true;
   }
   return false;
 }
 
-/// True if the next two lines are the head of the loop; the second is not read behind a wrong first one.
+/// True if the next two lines are the head of the loop; the second is not read after a wrong first one.
 bool ReadLoopHead(TextInput& cif) {
   return cif.RequireLine("loop_").starts_with("loop_") &&
          cif.RequireLine("_pd_meas_counts_total").starts_with("    _pd_meas_counts_total");
@@ -83,7 +83,7 @@ SmallCif ReadSmallCif(TextInput& cif, SmallCifNames& names) {
 }
 
 void WriteSmallCif(TextOutput& cif, const IngHeader& header, std::span<const IngRow> rows) {
-  // On purpose: the blanks behind the names are uneven.
+  // On purpose: the blanks after the names are uneven.
   cif.WriteLine(Record().A("_diffraction_radiation_wavelength").F(header.Wavelength, 7, 4));
   cif.WriteLine(Record().A("_pd_meas_2theta_range_min").X(5).F(header.FirstAngle, 10, 4));
   cif.WriteLine(Record().A("_pd_meas_2theta_range_max").X(6).F(header.LastAngle, 10, 4));

@@ -23,7 +23,7 @@ IngRow ParsePoint(const TextInput& txt, std::string_view line) {
   return {values[0], values[1]};
 }
 
-/// X of the first of two points that follow each other with no comment between. On purpose: a remark behind the first
+/// X of the first of two points that follow each other with no comment between. On purpose: a remark after the first
 /// point makes the search begin again, while the rows begin with the first point all the same.
 float FindFirstAngle(TextInput& txt) {
   while (true) {

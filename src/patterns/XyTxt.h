@@ -9,7 +9,7 @@
 
 namespace talven {
 
-/// Points that are read of a table; what lies behind is not looked at.
+/// Points that are read of a table; what comes after is not looked at.
 inline constexpr std::size_t kLargestXyPointCount = 100'000;
 
 /// Reads a table as a pattern of copper radiation. On purpose the head gives the highest Y, but at least 0, for the

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <numbers>
+#include <optional>
 #include <utility>
 
 #include "comparison/PeakListFile.h"
@@ -13,8 +13,8 @@
 #include "shelx/ReadModel.h"
 #include "textio/FatalIoError.h"
 #include "textio/FileNames.h"
-#include "textio/Folder.h"
 #include "textio/InputFile.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -25,14 +25,7 @@ constexpr double kMostLines = 5e6;
 std::string Extension(const std::string& path) {
   const std::size_t point = path.find_last_of("./\\");
   if (point == std::string::npos || path[point] != '.') return {};
-  std::string extension = path.substr(point + 1);
-  std::ranges::transform(extension, extension.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  return extension;
-}
-
-void OpenPath(const std::string& path, InputFile& file) {
-  file.OpenRequired(Folder(), path);
+  return ToLower(std::string_view(path).substr(point + 1));
 }
 
 bool HasWavelengthLine(const InputFile& file) {
@@ -58,8 +51,25 @@ Candidate StructureCandidate(CrystalModel model, std::vector<std::string> notice
   return candidate;
 }
 
-Candidate PeakListCandidate(const std::string& path, const ScreenTarget& target) {
-  const PeakListReading reading = LoadPeakList(path);
+struct PeakListReading {
+  PeakList peaks;
+  /// Angstrom, where the file tells it.
+  std::optional<double> wavelength;
+};
+
+/// A list of marked peaks, as the comparison reads it. Throws FatalIoError, also for a list without a peak.
+PeakListReading LoadPeakList(const Folder& folder, const std::string& path) {
+  PeakListReading reading;
+  InputFile file;
+  file.OpenRequired(folder, path);
+  if (HasWavelengthLine(file)) reading.wavelength = ReadWavelength(file);
+  ReadPeakList(file, reading.peaks);
+  if (reading.peaks.count == 0) throw FatalIoError(path + ": there are no marked peaks in it");
+  return reading;
+}
+
+Candidate PeakListCandidate(const Folder& folder, const std::string& path, const ScreenTarget& target) {
+  const PeakListReading reading = LoadPeakList(folder, path);
   const auto angles = reading.peaks.TwoTheta.Range(1, reading.peaks.count);
   const auto heights = reading.peaks.Intensity.Range(1, reading.peaks.count);
   Candidate candidate = CandidateOfLines({angles.begin(), angles.end()}, {heights.begin(), heights.end()},
@@ -69,8 +79,8 @@ Candidate PeakListCandidate(const std::string& path, const ScreenTarget& target)
   return candidate;
 }
 
-Candidate PatternCandidate(const std::string& path, const ScreenTarget& target) {
-  PatternFile file = ReadPatternFile(ToPath(path));
+Candidate PatternCandidate(const Folder& folder, const std::string& path, const ScreenTarget& target) {
+  PatternFile file = ReadPatternFile(folder.PathOf(path).value_or(ToPath(path)));
   Candidate candidate =
       CandidateOfPattern(file.pattern, file.pattern.wavelength.value_or(target.range.wavelength), target.fwhm);
   candidate.notices.insert(candidate.notices.begin(), file.notices.begin(), file.notices.end());
@@ -79,14 +89,15 @@ Candidate PatternCandidate(const std::string& path, const ScreenTarget& target) 
   return candidate;
 }
 
-Candidate LoadByExtension(const std::string& path, const ScreenTarget& target) {
+Candidate LoadByExtension(const Folder& folder, const std::string& path, const ScreenTarget& target) {
   const std::string extension = Extension(path);
-  if (extension == "lst") return PeakListCandidate(path, target);
-  if (extension != "ins" && extension != "res" && extension != "cif") return PatternCandidate(path, target);
+  if (extension == "lst") return PeakListCandidate(folder, path, target);
+  if (extension != "ins" && extension != "res" && extension != "cif") return PatternCandidate(folder, path, target);
   InputFile file;
-  OpenPath(path, file);
+  file.OpenRequired(folder, path);
   if (extension == "cif") {
-    if (file.Content().find("_atom_site_fract_x") == std::string_view::npos) return PatternCandidate(path, target);
+    if (file.Content().find("_atom_site_fract_x") == std::string_view::npos)
+      return PatternCandidate(folder, path, target);
     CifStructure structure = ModelFromCif(file);
     return StructureCandidate(std::move(structure.model), std::move(structure.notices), path, target);
   }
@@ -96,31 +107,21 @@ Candidate LoadByExtension(const std::string& path, const ScreenTarget& target) {
 
 }  // namespace
 
-PeakListReading LoadPeakList(const std::string& path) {
-  PeakListReading reading;
-  InputFile file;
-  OpenPath(path, file);
-  if (HasWavelengthLine(file)) reading.wavelength = ReadWavelength(file);
-  ReadPeakList(file, reading.peaks);
-  if (reading.peaks.count == 0) throw FatalIoError(path + ": there are no marked peaks in it");
-  return reading;
-}
-
-ScreenTarget LoadScreenTarget(const std::string& path, const ScreenOptions& options) {
+ScreenTarget LoadScreenTarget(const Folder& folder, const std::string& path, const ScreenOptions& options) {
   if (Extension(path) == "lst") {
-    const PeakListReading reading = LoadPeakList(path);
+    const PeakListReading reading = LoadPeakList(folder, path);
     ScreenOptions known = options;
     if (!(known.wavelength > 0.0)) known.wavelength = reading.wavelength.value_or(0.0);
     return MakeScreenTarget(reading.peaks, known);
   }
-  const PatternFile file = ReadPatternFile(ToPath(path));
+  const PatternFile file = ReadPatternFile(folder.PathOf(path).value_or(ToPath(path)));
   ScreenTarget target = MakeScreenTarget(file.pattern, options);
   target.notices.insert(target.notices.begin(), file.notices.begin(), file.notices.end());
   return target;
 }
 
-Candidate LoadCandidate(const std::string& path, const ScreenTarget& target) {
-  Candidate candidate = LoadByExtension(path, target);
+Candidate LoadCandidate(const Folder& folder, const std::string& path, const ScreenTarget& target) {
+  Candidate candidate = LoadByExtension(folder, path, target);
   candidate.name = path;
   return candidate;
 }

@@ -79,7 +79,7 @@ AtomLabel AtomSerials::Number(AtomLabel label) {
   } else if (++OtherCount <= kLastNumber) {
     PutNumber(label, label[2] == ' ' ? 2 : 3, OtherCount);
   } else {
-    HydrogenCount = kLastNumber;  // On purpose: not the counter that has run over is held.
+    HydrogenCount = kLastNumber;  // On purpose the number is held, and not the counter that has run over.
   }
   return label;
 }

@@ -24,7 +24,7 @@ class ElementTable {
   /// Position of a label from 1; 1 for a label that isn't there.
   std::int32_t PositionOf(const AtomLabel& label) const;
 
-  /// Labels in 4 columns each, behind the word SFAC, and their counts likewise behind the word UNIT.
+  /// Labels in 4 columns each, after the word SFAC, and their counts likewise after the word UNIT.
   Record SfacLine() const;
   Record UnitLine() const;
 
@@ -42,7 +42,7 @@ class AtomSerials {
  public:
   /// Puts the next number into a folded label: from column 2, from column 3 where that one is taken by a label other
   /// than C or H. From the ninety-ninth on every carbon is number 99, and every hydrogen likewise; of the others those
-  /// behind the ninety-ninth get no number.
+  /// after the ninety-ninth get no number.
   AtomLabel Number(AtomLabel label);
 
  private:

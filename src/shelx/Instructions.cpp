@@ -5,6 +5,7 @@
 
 #include "textio/FatalIoError.h"
 #include "textio/FieldInput.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -18,12 +19,12 @@ bool BeginsWithBlank(std::string_view line) {
 
 /// REM also where no blank follows, as in a row of crosses.
 bool IsRemark(std::string_view line) {
-  if (line.size() < 3 || UpperCase(line.substr(0, 3)) != "REM") return false;
+  if (!StartsIgnoringCase(line, "REM")) return false;
   return line.size() == 3 || std::isalnum(static_cast<unsigned char>(line[3])) == 0;
 }
 
 bool IsTitle(std::string_view line) {
-  return line.size() >= 4 && UpperCase(line.substr(0, 4)) == "TITL";
+  return StartsIgnoringCase(line, "TITL");
 }
 
 /// A line goes on with one that begins with a blank, or, where another program took that off, with numbers.
@@ -43,13 +44,6 @@ std::vector<std::string_view> SplitWords(std::string_view text) {
     words.push_back(text.substr(0, text.find_first_of(kSeparators)));
     text.remove_prefix(words.back().size());
   }
-}
-
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return upper;
 }
 
 std::optional<std::string_view> InstructionReader::NextLine() {
@@ -98,7 +92,7 @@ bool InstructionReader::Begin(std::string_view line) {
     return true;
   }
   const std::string_view word = line.substr(0, line.find_first_of(" \t,!="));
-  instruction_.keyword = UpperCase(word.substr(0, word.find('_')));
+  instruction_.keyword = ToUpper(word.substr(0, word.find('_')));
   line.remove_prefix(word.size());
   AppendContinuations(line);
   return true;

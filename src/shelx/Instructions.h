@@ -21,7 +21,7 @@ struct Instruction {
   std::size_t line = 0;
   /// First word in upper case, without a `_suffix`; of a line that names another file just its `+`.
   std::string keyword;
-  /// What stands behind the first word.
+  /// What stands after the first word.
   std::string text;
   /// That text taken apart at blanks, tabs and commas.
   std::vector<std::string_view> words;
@@ -33,7 +33,7 @@ class InstructionReader {
  public:
   explicit InstructionReader(TextInput& file) : file_(file) {}
 
-  /// The next instruction, valid until the next call; nothing behind the last. Throws FatalIoError for a character
+  /// The next instruction, valid until the next call; nothing after the last. Throws FatalIoError for a character
   /// that no text has, and for a file that ends where a line should go on.
   const Instruction* Next();
 
@@ -54,8 +54,5 @@ class InstructionReader {
 
 /// The words of a text, parted by blanks, tabs and commas.
 std::vector<std::string_view> SplitWords(std::string_view text);
-
-/// A text in upper case.
-std::string UpperCase(std::string_view text);
 
 }  // namespace talven

@@ -22,7 +22,7 @@ struct List4Row {
   bool EndsList() const { return H == 0 && K == 0 && L == 0; }
 };
 
-/// What is wanted of the rows. On purpose the narrow layout is held to that alone: behind a calculated value nothing is
+/// What is wanted of the rows. On purpose the narrow layout is held to that alone: after a calculated value nothing is
 /// looked at, and a value is read as its fields are for the measured ones, which have no implied decimals.
 enum class List4Values { kCalculated, kMeasured };
 

@@ -25,7 +25,7 @@ constexpr std::string_view kKeywords[] = {
     "SAME", "SEED", "SFAC", "SHEL", "SIMU", "SIZE", "SPEC", "SPIN", "STIR", "SUMP", "SWAT", "SYMM", "TEMP", "TEXP",
     "TIME", "TITL", "TREF", "TWIN", "TWST", "UNIT", "VECT", "WEED", "WGHT", "WIGL", "WPDB", "XNPD", "ZERR"};
 
-/// Label, scatterer and position in the words behind the label; an atom also where one of them is spoilt.
+/// Label, scatterer and position in the words after the label; an atom also where one of them is spoilt.
 bool LooksLikeAtom(const Instruction& instruction) {
   const auto& words = instruction.words;
   if (words.empty()) return false;
@@ -76,12 +76,12 @@ double AtomReader::Decoded(const Instruction& instruction, double coded) const {
   Fail(instruction, "a free variable from 2 to " + std::to_string(free_variables_.size()), found);
 }
 
-void AtomReader::TakeMove(const Instruction& instruction) {
+void AtomReader::ReadMove(const Instruction& instruction) {
   for (std::size_t i = 0; i < move_.size(); ++i) move_[i] = NumberIfThere(instruction, i).value_or(0.0);
   move_sign_ = NumberIfThere(instruction, 3).value_or(1.0) < 0.0 ? -1.0 : 1.0;
 }
 
-void AtomReader::Take(const Instruction& instruction) {
+void AtomReader::Read(const Instruction& instruction) {
   const std::string& keyword = instruction.keyword;
   if (keyword == "AFIX") {
     afix_group_ = {NumberIfThere(instruction, 2), NumberIfThere(instruction, 3)};
@@ -89,11 +89,11 @@ void AtomReader::Take(const Instruction& instruction) {
     part_ = static_cast<int>(std::clamp(NumberIfThere(instruction, 0).value_or(0.0), -1e6, 1e6));
     part_group_ = {NumberIfThere(instruction, 1), std::nullopt};
   } else if (keyword == "MOVE") {
-    TakeMove(instruction);
+    ReadMove(instruction);
   } else if (keyword == "SPEC") {
     special_distance_ = NumberIfThere(instruction, 0).value_or(0.2);
   } else if (!IsKnownKeyword(keyword) && !IsPeak(keyword) && LooksLikeAtom(instruction)) {
-    TakeAtom(instruction);
+    ReadAtom(instruction);
   }
 }
 
@@ -148,11 +148,11 @@ void AtomReader::SetDisplacement(const Instruction& instruction, Atom& atom) {
   last_u_ = atom.u_isotropic;
 }
 
-void AtomReader::TakeAtom(const Instruction& instruction) {
+void AtomReader::ReadAtom(const Instruction& instruction) {
   auto& atoms = reading_.model.atoms;
   if (atoms.size() == kAtomLimit) Fail(instruction, "at most " + std::to_string(kAtomLimit) + " atoms", "more");
   if (instruction.words.size() < 4)
-    Fail(instruction, "the number of an element and x, y, z behind " + instruction.keyword,
+    Fail(instruction, "the number of an element and x, y, z after " + instruction.keyword,
          std::to_string(instruction.words.size()) + " numbers");
   Atom atom{.label = instruction.keyword, .scatterer = ScattererOf(instruction), .part = part_};
   SetPosition(instruction, atom);

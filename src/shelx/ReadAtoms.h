@@ -15,7 +15,7 @@ namespace talven {
 bool IsKnownKeyword(const std::string& keyword);
 
 /// Takes the instructions of a file one after another, and adds an atom to a model for each atom row. Instructions
-/// that act on the atoms behind them (AFIX, MOVE, PART, SPEC) are kept in mind.
+/// that act on the atoms after them (AFIX, MOVE, PART, SPEC) are kept in mind.
 class AtomReader {
  public:
   /// The model has cell, symmetry and scatterers already. `free_variables` are those of FVAR.
@@ -23,7 +23,7 @@ class AtomReader {
       : file_(file), free_variables_(std::move(free_variables)), reading_(reading) {}
 
   /// Throws FatalIoError for an atom row, or a number in it, that can't be read.
-  void Take(const Instruction& instruction);
+  void Read(const Instruction& instruction);
 
  private:
   struct Group {
@@ -36,8 +36,8 @@ class AtomReader {
   double Number(const Instruction& instruction, std::size_t word) const;
   std::optional<double> NumberIfThere(const Instruction& instruction, std::size_t word) const;
   double Decoded(const Instruction& instruction, double coded) const;
-  void TakeMove(const Instruction& instruction);
-  void TakeAtom(const Instruction& instruction);
+  void ReadMove(const Instruction& instruction);
+  void ReadAtom(const Instruction& instruction);
   std::size_t ScattererOf(const Instruction& instruction) const;
   void SetPosition(const Instruction& instruction, Atom& atom) const;
   void SetOccupancy(const Instruction& instruction, Atom& atom) const;

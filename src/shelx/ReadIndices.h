@@ -1,4 +1,4 @@
-// The indices of a list of reflections, HKLF 3 and 4: h, k, l in `3I4`, whatever stands behind them.
+// The indices of a list of reflections, HKLF 3 and 4: h, k, l in `3I4`, whatever follows them.
 #pragma once
 
 #include <cstddef>

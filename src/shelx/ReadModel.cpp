@@ -15,6 +15,7 @@
 #include "textio/FatalIoError.h"
 #include "textio/FieldInput.h"
 #include "textio/FixedText.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -22,7 +23,7 @@ namespace {
 /// As many operators as the largest of the space groups has.
 constexpr std::size_t kOperatorLimit = 192;
 
-/// f' and f'' of a DISP line, for the scatterers that SFAC names so, before or behind it.
+/// f' and f'' of a DISP line, for the scatterers that SFAC names so, before or after it.
 struct Dispersion {
   std::string label;
   double f_prime = 0.0;
@@ -46,7 +47,7 @@ std::string At(const TextInput& ins, std::size_t line, const std::string& text) 
   return ins.Name() + ", line " + std::to_string(line) + ": " + text;
 }
 
-/// The numbers behind a keyword. Throws FatalIoError if one is none.
+/// The numbers after a keyword. Throws FatalIoError if one is none.
 std::vector<double> NumbersOf(const TextInput& ins, const Instruction& instruction) {
   std::vector<double> numbers;
   for (const std::string_view word : instruction.words) {
@@ -57,7 +58,7 @@ std::vector<double> NumbersOf(const TextInput& ins, const Instruction& instructi
   return numbers;
 }
 
-void TakeCell(const TextInput& ins, const Instruction& instruction, CrystalModel& model) {
+void ReadCell(const TextInput& ins, const Instruction& instruction, CrystalModel& model) {
   const std::vector<double> n = NumbersOf(ins, instruction);
   if (n.size() < 7) FailAtLine(ins.Name(), instruction.line, "7 numbers after CELL", std::to_string(n.size()));
   model.wavelength = n[0];
@@ -103,7 +104,7 @@ Scatterer WrittenOut(const std::string& label, const std::vector<double>& n) {
 }
 
 /// Names of elements in any mixture with scatterers written out.
-void TakeScatterers(const TextInput& ins, const Instruction& instruction, CrystalModel& model) {
+void ReadScatterers(const TextInput& ins, const Instruction& instruction, CrystalModel& model) {
   constexpr std::size_t kNumbers = 14;
   const auto& words = instruction.words;
   for (std::size_t i = 0; i < words.size();) {
@@ -132,13 +133,13 @@ Dispersion DispersionOf(const TextInput& ins, const Instruction& instruction) {
   const auto f_double_prime = words.size() > 2 ? ReadReal<double>(words[2]) : std::nullopt;
   if (!f_prime || !f_double_prime)
     FailAtLine(ins.Name(), instruction.line, "an element, f' and f'' after DISP", Quote(Trim(instruction.text)));
-  return {UpperCase(WithoutDollar(words[0])), *f_prime, *f_double_prime, instruction.line};
+  return {ToUpper(WithoutDollar(words[0])), *f_prime, *f_double_prime, instruction.line};
 }
 
 void ApplyDispersion(const TextInput& ins, const Dispersion& dispersion, ModelReading& reading) {
   bool is_found = false;
   for (Scatterer& scatterer : reading.model.scatterers) {
-    if (UpperCase(scatterer.label) != dispersion.label) continue;
+    if (ToUpper(scatterer.label) != dispersion.label) continue;
     scatterer.f_prime = dispersion.f_prime;
     scatterer.f_double_prime = dispersion.f_double_prime;
     scatterer.has_own_dispersion = true;
@@ -163,7 +164,7 @@ void NoticeUnheeded(const TextInput& ins, const Instruction& instruction, ModelR
   if (!text.empty()) reading.notices.push_back(At(ins, instruction.line, text));
 }
 
-void TakeHeadInstruction(const TextInput& ins, const Instruction& each, Head& head, ModelReading& reading) {
+void ReadHeadInstruction(const TextInput& ins, const Instruction& each, Head& head, ModelReading& reading) {
   CrystalModel& model = reading.model;
   if (each.keyword == "TITL") {
     if (model.title.empty()) model.title = Trim(each.text);
@@ -172,7 +173,7 @@ void TakeHeadInstruction(const TextInput& ins, const Instruction& each, Head& he
       reading.notices.push_back(At(ins, each.line, "a second CELL is passed over"));
       return;
     }
-    TakeCell(ins, each, model);
+    ReadCell(ins, each, model);
     head.cell_line = each.line;
   } else if (each.keyword == "LATT") {
     head.lattice_type = LatticeTypeOf(ins, each);
@@ -182,7 +183,7 @@ void TakeHeadInstruction(const TextInput& ins, const Instruction& each, Head& he
       FailAtLine(ins.Name(), each.line, "at most " + std::to_string(kOperatorLimit) + " SYMM lines", "more");
     head.operators.push_back(OperatorOf(ins, each));
   } else if (each.keyword == "SFAC") {
-    TakeScatterers(ins, each, model);
+    ReadScatterers(ins, each, model);
   } else if (each.keyword == "DISP") {
     head.dispersions.push_back(DispersionOf(ins, each));
   } else if (each.keyword == "UNIT") {
@@ -198,7 +199,7 @@ void TakeHeadInstruction(const TextInput& ins, const Instruction& each, Head& he
 Head ReadHead(TextInput& ins, ModelReading& reading) {
   Head head;
   InstructionReader instructions(ins);
-  while (const Instruction* each = instructions.Next()) TakeHeadInstruction(ins, *each, head, reading);
+  while (const Instruction* each = instructions.Next()) ReadHeadInstruction(ins, *each, head, reading);
   for (const std::size_t line : instructions.UnfinishedLines())
     reading.notices.push_back(At(ins, line, "\"=\" says that the line goes on, and it does not"));
   if (head.cell_line == 0) FailAtLine(ins.Name(), ins.LineNumber(), "a CELL line", "none up to here");
@@ -235,7 +236,7 @@ ModelReading ReadModel(TextInput& ins) {
   ins.Rewind();
   InstructionReader instructions(ins);
   AtomReader atoms(ins, std::move(head.free_variables), reading);
-  while (const Instruction* each = instructions.Next()) atoms.Take(*each);
+  while (const Instruction* each = instructions.Next()) atoms.Read(*each);
   if (!model.symmetry.IsGroup())
     reading.notices.push_back(At(ins, head.first_symmetry_line, "the operators of LATT and SYMM do not form a group"));
   for (const ModelFault& fault : CheckModel(model, head.unit))

@@ -57,7 +57,7 @@ class Selection {
   Selection(const ReciprocalCell& cell, const ReflectionLimits& limits, ReflectionList& list)
       : cell_(cell), limits_(limits), list_(list), far_(FarSinTheta(limits)) {}
 
-  void Take(const HklRow& row) {
+  void AddIfWithin(const HklRow& row) {
     // Rows rejected below count here too.
     list_.Range.Widen(1, row.H);
     list_.Range.Widen(2, row.K);
@@ -102,7 +102,7 @@ ReflectionReading ReadReflections(TextInput& source, Lines lines, Selection sele
     }
     if (row->EndsList()) break;
     ++reading.rows_read;
-    selection.Take(*row);
+    selection.AddIfWithin(*row);
   }
   reading.rows_kept = list.ReflectionCount;
   reading.limit_met = list.ReflectionCount == kReflectionLimit;

@@ -16,7 +16,7 @@ struct ReflectionReading {
   /// Rows before the end of the list, and how many of them are within the limits.
   std::int32_t rows_read = 0;
   std::int32_t rows_kept = 0;
-  /// The list is full; rows behind were not looked at.
+  /// The list is full; later rows were not looked at.
   bool limit_met = false;
   /// The line whose row can't be read, from 1, and its text. It ended the list; 0 if there was none.
   std::size_t unreadable_line = 0;

@@ -24,12 +24,12 @@ std::int32_t ReadFormulaUnits(TextInput& raw) {
 }
 
 void SkipToFvar(TextInput& raw) {
-  while (!raw.RequireLine("a line FVAR").starts_with("FVAR")) continue;
+  while (!raw.RequireLine("an FVAR line").starts_with("FVAR")) continue;
 }
 
 /// The next line between FVAR and HKLF; false at HKLF.
 bool ReadAtomLine(TextInput& raw, Text80& line) {
-  line = raw.RequireLine("an atom or a line HKLF");
+  line = raw.RequireLine("an atom or an HKLF line");
   return !line.StartsWith("HKLF");
 }
 
@@ -42,10 +42,10 @@ bool CountElements(TextInput& raw, ElementTable& elements) {
   return true;
 }
 
-/// Writes all that stands before FVAR, and leaves the reading behind that.
+/// Writes all that stands before FVAR, and stops reading right after it.
 void WriteHead(TextInput& raw, std::int32_t formula_units, LineCleaner& cleaner, TextOutput& ins) {
   while (true) {
-    const Text80 text(raw.RequireLine("a line FVAR"));
+    const Text80 text(raw.RequireLine("an FVAR line"));
     if (text.StartsWith("FVAR")) return;
     if (text.StartsWith(kWminMarker)) continue;
     WriteInsLine(text.View(), cleaner, ins);
@@ -62,7 +62,7 @@ void WriteAtoms(TextInput& raw, TextOutput& ins, const ElementTable& elements) {
     const AtomLabel label = FoldLabel(line);
     std::array<float, 3> xyz{};
     line.BlankFirst(8);
-    ParseReals(raw, line.View(), xyz, "behind column 8 of an atom");
+    ParseReals(raw, line.View(), xyz, "after column 8 of an atom");
     Record row;
     row.A(serials.Number(label).View()).I(elements.PositionOf(label), 4);
     for (const float value : xyz) row.F(value, 9, 3);

@@ -20,9 +20,9 @@
 namespace talven {
 
 /// Writes the model `raw`, read from its start, in the new form to `ins`; every line between FVAR and HKLF is an atom,
-/// and nothing behind HKLF is used. The cleaner tells the length of a blank line, as in WriteInsLine. False if the
+/// and nothing after HKLF is used. The cleaner tells the length of a blank line, as in WriteInsLine. False if the
 /// atoms have more different labels than the element table has room for; nothing is written then. Throws FatalIoError,
-/// also where FVAR, HKLF behind it or a number is missing.
+/// also where FVAR, HKLF after it or a number is missing.
 bool RewriteWminIns(TextInput& raw, LineCleaner& cleaner, TextOutput& ins);
 
 }  // namespace talven

@@ -73,8 +73,8 @@ std::optional<WideBinSum> BinReflections(const ReflectionList& list, const Patte
 /// one decays twice as fast; symmetrical peaks only make it as long as the other.
 void BroadenPeaks(const PatternOptions& options, SynthesisData& work);
 
-/// Multiplies every point of at least 2 by (1 + cos^2 theta) / (sin^2 theta cos theta), if the options ask for it. On
-/// purpose cos^2 theta and not cos^2 2theta.
+/// Raises points below 2 to that and multiplies every point by (1 + cos^2 theta) / (sin^2 theta cos theta), if the
+/// options ask for it. On purpose cos^2 theta and not cos^2 2theta.
 void ApplyPowderCorrection(const PatternOptions& options, SynthesisData& work);
 
 /// Scales the highest point to at most 99,000 and raises points below 2 to that. On purpose: where scaling is not

@@ -33,7 +33,7 @@ struct SimulationResult {
   SimulationOutcome outcome = SimulationOutcome::kFinished;
   /// The list had no room for all copies of the expansion.
   bool limit_met = false;
-  /// Entries of the list behind the expansion, before equal ones were merged.
+  /// Entries of the list after the expansion, before equal ones were merged.
   std::int32_t ExpandedCount = 0;
   GridExtent extent;
   /// There if that is the outcome.

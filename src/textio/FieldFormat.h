@@ -20,7 +20,7 @@ void FormatF(std::span<char> field, double value, int decimals);
 void FormatE(std::span<char> field, double value, int decimals);
 
 /// `G15.6`: six significant digits. Zero and 0.1 <= |value| < 1000000 stand in fixed notation in the first 11 columns,
-/// with four blanks behind; other values as `E15.6`.
+/// with four blanks after it; other values as `E15.6`.
 void FormatG(std::span<char, 15> field, double value);
 
 }  // namespace talven

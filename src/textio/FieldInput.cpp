@@ -22,7 +22,7 @@ std::string WithoutBlanks(std::string_view field) {
   return text;
 }
 
-/// The parts of a written number. `mantissa` holds its digits and point, `exponent` the digits behind the letter.
+/// The parts of a written number. `mantissa` holds its digits and point, `exponent` the digits after the letter.
 struct WrittenNumber {
   bool negative = false;
   std::string_view mantissa;
@@ -112,7 +112,7 @@ bool IsPlain(std::string_view text) {
 }
 
 /// Passes over digits, which are added to a value, and gives where they end. Beyond nine the value is of no use.
-const char* TakeDigits(const char* p, const char* end, std::uint32_t& value) {
+const char* ReadDigits(const char* p, const char* end, std::uint32_t& value) {
   for (; p != end; ++p) {
     const std::uint32_t digit = static_cast<std::uint32_t>(*p) - '0';
     if (digit > 9) break;
@@ -132,12 +132,12 @@ std::optional<float> ReadShort(std::string_view text, bool needs_point = false) 
   if (negative) ++p;
   const char* const first = p;
   std::uint32_t digits = 0;
-  p = TakeDigits(p, end, digits);
+  p = ReadDigits(p, end, digits);
   auto count = p - first;
   std::ptrdiff_t decimals = 0;
   if (p != end && *p == '.') {
     const char* const point = p;
-    p = TakeDigits(p + 1, end, digits);
+    p = ReadDigits(p + 1, end, digits);
     decimals = p - point - 1;
     count += decimals;
   } else if (needs_point) {
@@ -159,7 +159,7 @@ Word Load(const char* characters) {
 /// Turns characters into digits, a byte each: blanks ahead of the first digit and a minus sign between them and it
 /// become 0. False for any other text.
 template <typename Word>
-bool TakeColumns(Word text, Word& digits, bool& negative) {
+bool MakeDigits(Word text, Word& digits, bool& negative) {
   constexpr Word kEach = static_cast<Word>(~Word{0}) / 0xFF;
   // Of the characters allowed the digits alone have this bit.
   const int ahead = std::countr_zero(text & kEach * 0x10) / 8 * 8;
@@ -177,7 +177,7 @@ std::optional<std::int32_t> ReadFourColumns(std::string_view field) {
   if (std::endian::native != std::endian::little || field.size() != 4) return std::nullopt;
   std::uint32_t digits = 0;
   bool negative = false;
-  if (!TakeColumns(Load<std::uint32_t>(field.data()), digits, negative)) return std::nullopt;
+  if (!MakeDigits(Load<std::uint32_t>(field.data()), digits, negative)) return std::nullopt;
   const std::uint32_t pairs = digits * 10 + (digits >> 8);
   const auto magnitude = static_cast<std::int32_t>((pairs & 0xFF) * 100 + (pairs >> 16 & 0xFF));
   return negative ? -magnitude : magnitude;
@@ -196,7 +196,7 @@ std::optional<float> ReadTwoDecimals(std::string_view field) {
   const std::uint64_t closed = (text & 0xFFFF'0000'0000'0000) | (text & 0xFF'FFFF'FFFF) << 8 | std::uint64_t{' '};
   std::uint64_t digits = 0;
   bool negative = false;
-  if (!TakeColumns(closed, digits, negative)) return std::nullopt;
+  if (!MakeDigits(closed, digits, negative)) return std::nullopt;
   const std::uint64_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF'00FF'00FF'00FF;
   const std::uint64_t fours = (pairs * 100 + (pairs >> 16)) & 0x0000'FFFF'0000'FFFF;
   const auto whole = static_cast<std::int32_t>((fours & 0xFFFF) * 10'000 + (fours >> 32));
@@ -213,7 +213,7 @@ std::optional<std::int32_t> ReadShortWhole(std::string_view field) {
   if (negative) ++p;
   const char* const first = p;
   std::uint32_t digits = 0;
-  p = TakeDigits(p, end, digits);
+  p = ReadDigits(p, end, digits);
   if (p != end || p == first || p - first > 9) return std::nullopt;
   const auto magnitude = static_cast<std::int32_t>(digits);
   return negative ? -magnitude : magnitude;

@@ -27,7 +27,7 @@ constexpr std::string_view Columns(std::string_view line, std::size_t first, std
   return first > line.size() || first > last ? std::string_view() : line.substr(first - 1, last - first + 1);
 }
 
-/// The character at a column counted from 1; behind the end of the line it is a blank.
+/// The character at a column counted from 1; beyond the end of the line it is a blank.
 constexpr char ColumnAt(std::string_view line, std::size_t column) {
   return column > line.size() ? ' ' : line[column - 1];
 }
@@ -52,7 +52,7 @@ class FixedText {
   constexpr char& operator[](std::size_t column) { return characters_[column - 1]; }
   constexpr char operator[](std::size_t column) const { return characters_[column - 1]; }
 
-  /// Blanks the first count columns, as is done to a keyword before the numbers behind it are read.
+  /// Blanks the first count columns, as is done to a keyword before the numbers after it are read.
   constexpr void BlankFirst(std::size_t count) {
     std::char_traits<char>::assign(characters_.data(), count < N ? count : N, ' ');
   }

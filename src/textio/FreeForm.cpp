@@ -33,7 +33,7 @@ std::optional<Number> Convert(std::string_view token) {
 
 /// Fills `values` from the front of a text. Gives how many were stored; `bad` is the token that is no number, if any.
 template <typename Number>
-std::size_t TakeNumbers(std::string_view text, std::span<Number> values, std::string_view& bad) {
+std::size_t ReadNumbers(std::string_view text, std::span<Number> values, std::string_view& bad) {
   std::size_t count = 0;
   while (count < values.size()) {
     const std::string_view token = NextToken(text);
@@ -53,7 +53,7 @@ ReadStatus ReadNumbers(TextInput& file, std::span<Number> values, std::string_vi
   while (!values.empty()) {
     std::string_view line;
     if (!file.ReadLine(line)) return ReadStatus::kEndOfFile;
-    values = values.subspan(TakeNumbers(line, values, bad));
+    values = values.subspan(ReadNumbers(line, values, bad));
     if (!bad.empty()) return ReadStatus::kMalformed;
   }
   return ReadStatus::kOk;
@@ -70,7 +70,7 @@ void RequireNumbers(TextInput& file, std::span<Number> values, std::string_view 
 template <typename Number>
 void ParseNumbers(const TextInput& file, std::string_view text, std::span<Number> values, std::string_view what) {
   std::string_view bad;
-  const std::size_t count = TakeNumbers(text, values, bad);
+  const std::size_t count = ReadNumbers(text, values, bad);
   if (count == values.size()) return;
   const std::string expected =
       std::to_string(values.size()) + (values.size() == 1 ? " number " : " numbers ") + std::string(what);

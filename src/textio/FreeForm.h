@@ -11,7 +11,7 @@
 
 namespace talven {
 
-// Numbers stand apart by blanks, commas, tabs, carriage returns or slashes; what stands behind the last one wanted is
+// Numbers stand apart by blanks, commas, tabs, carriage returns or slashes; what follows the last one wanted is
 // not looked at. Reading from a file begins on a fresh line and goes on over further lines, blank ones too, until all
 // values are there. Reading from text in memory ends with that text.
 

@@ -16,7 +16,7 @@ bool ReadWhole(std::ifstream& stream, std::uintmax_t expected_size, std::string&
   content.resize(static_cast<std::size_t>(expected_size));
   stream.read(content.data(), static_cast<std::streamsize>(content.size()));
   content.resize(static_cast<std::size_t>(stream.gcount()));
-  // A file that tells no size, or has grown since, goes on behind it.
+  // A file that tells no size, or has grown since, goes on beyond that.
   for (std::array<char, 4096> more; stream;) {
     stream.read(more.data(), more.size());
     content.append(more.data(), static_cast<std::size_t>(stream.gcount()));

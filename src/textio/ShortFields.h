@@ -39,7 +39,7 @@ inline bool PlaceFour(std::span<char> field, std::int64_t value) {
   return true;
 }
 
-/// `Fw.d` in 8 to 16 columns of a number with these digits, the last `decimals` of them behind the point: up to eight
+/// `Fw.d` in 8 to 16 columns of a number with these digits, the last `decimals` of them after the point: up to eight
 /// of them, and up to seven decimals. False where that is not so, or where the number does not fit with a zero before
 /// its point.
 inline bool PlaceEight(std::span<char> field, bool negative, std::uint32_t whole, int decimals) {

@@ -12,7 +12,7 @@ namespace talven {
 struct Command {
   /// Path of the program that exists.
   std::string program;
-  /// What is composed behind its name, as it stands.
+  /// What is composed after its name, as it stands.
   std::string arguments;
 };
 

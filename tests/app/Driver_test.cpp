@@ -104,6 +104,8 @@ TEST_F(Driver, TheRealProgramRunsHoweverItIsCalled) {
     EXPECT_EQ(std::system((call + " <answers >/dev/null 2>&1").c_str()), 0);
     EXPECT_TRUE(ReadFile(file).starts_with(work));
   }
+  for (const std::string option : {"--help", "--version"})
+    EXPECT_NE(std::system(("./bin/talven-console " + option + " >/dev/full").c_str()), 0) << option;
 }
 
 }  // namespace

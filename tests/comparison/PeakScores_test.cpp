@@ -41,7 +41,7 @@ TEST(ReadPeakList, TellsRowsFromOtherLines) {
        {Case{"blanks", "  12.5   1000", "12.5 1000 "}, Case{"a heading", "  Peak 12.5 1000", ""},
         Case{"a word in column 21", "12.5 1000           Strong", "12.5 1000 "},
         Case{"in column 20", "12.5 1000          Strong", ""}, Case{"marks", "\t12.5,1000/7.1\r", "12.5 1000 "},
-        Case{"a sign behind the digits", "12.5:1000", ""}, Case{"4 characters", "1 25", ""},
+        Case{"a sign after the digits", "12.5:1000", ""}, Case{"4 characters", "1 25", ""},
         Case{"5 characters", "1 250", "1 250 "}, Case{"not ASCII", "12.5 1000 \xC5", "12.5 1000 "},
         Case{"blank", "      ", ""}, Case{"beyond column 80", "2.5" + std::string(75, ' ') + "1234", "2.5 12 "}}) {
     TextInput lst("a.lst", "1 22222\n  Marked\n1 33333\n   Marked\n" + c.peaks + "\n");
@@ -67,7 +67,7 @@ TEST(BuildBands, FollowsTheRulesOfTheScan) {
   for (const Case& c : {
            Case{"one peak is a band", "10 200", "10-10 200@10 200/0, 1"},
            Case{"the second of two is added twice", "10 200 12 300", "10-12 300@12 800/3, 3"},
-           Case{"one peak sees the slot behind it", "10 200", "10-12 300@12 800/3, 3"},
+           Case{"one peak sees the slot after it", "10 200", "10-12 300@12 800/3, 3"},
            Case{"a gap of BSep parts", "10 200 13 300", "10-10 200@10 200/0, 1"},
            Case{"three, the first too weak", "10 100 11 200 12 300", "1"},
            Case{"the last of three is left out", "10 200 20 300 21 300", "10-10 200@10 200/0, 1"},

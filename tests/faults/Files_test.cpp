@@ -1,6 +1,8 @@
 // In which order a simulation opens its files, and what may stand in the place of one.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <thread>
@@ -43,7 +45,9 @@ TEST_F(SimulationFiles, MayBeNamedPipes) {
   ASSERT_EQ(mkfifo("ABC.HKL", 0600), 0);
   std::thread writer([] { WriteFile("ABC.HKL", kHkl); });
   EXPECT_EQ(RunSession({"ABC", "C:"}, kAnswers).Boxes(), "ABC.ING (+CPI, XY, PAT) written\n");
+  const int reader = open("ABC.HKL", O_RDONLY | O_NONBLOCK);  // Lets the writer go where nobody has read.
   writer.join();
+  close(reader);
 }
 
 TEST_F(SimulationFiles, AFolderOnADriveIsAnAnswerToTheQuestionForAFile) {

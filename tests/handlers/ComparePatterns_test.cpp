@@ -42,7 +42,7 @@ std::string RandomList(std::mt19937& random, int peaks) {
 }
 
 struct Silence : LineListener {
-  void Take(std::string_view) override {}
+  void Receive(std::string_view) override {}
 };
 
 TEST(ComparePatterns, GivesTheScoresOfTwoListsInMemory) {

@@ -9,7 +9,7 @@ namespace {
 
 struct DummyHkl : testing::Test, TestDirectory {};
 
-/// An interactive run of job ABC with a cell, given as what stands behind CELL, and with answers to its forms.
+/// An interactive run of job ABC with a cell, given as what stands after CELL, and with answers to its forms.
 SessionResult RunCell(const std::string& cell, const std::string& answers = "ok\n") {
   WriteFile("ABC.INS", "cell 1 1 1 1 1 1 1\n CELL 2 2 2 2 2 2 2\nCELL" + cell + "\nCELL 1 3 3 3 90 90 90\n");
   return RunSession({"ABC", "C:"}, "1006=5\nok\n" + answers + "exit\n");

@@ -22,7 +22,7 @@ TEST_F(Conversions, CapacityIsRefusedInAMessageBoxAndTheProgramGoesOn) {
   const std::string other = "4\nok\n1006=3\nok\n", to_text = "8\nok\n", from_text = "9\nok\n";
   std::string many;
   for (int i = 0; i <= 100'000; ++i) many += "4 1\n";
-  // Rows, a row that stands behind an unreadable one, cells, the cell of a row, bins; points of option 8.
+  // Rows, a row that stands after an unreadable one, cells, the cell of a row, bins; points of option 8.
   for (const auto& [ing, option] :
        {Case{Ing("4\n5\n.05", 100'001, many), other}, Case{Ing("4\n5\n.05", 2'000'000'000, "4 x\n"), other},
         Case{Ing("0\n1001\n.05", 1, "4 1\n"), other}, Case{Ing("4\n5\n.05", 1, "1005 1\n"), other},

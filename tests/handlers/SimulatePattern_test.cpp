@@ -46,7 +46,7 @@ TEST_F(SimulatePattern, StopsAtTheLimitOfKeptRows) {
   const std::string written = "abc.ING (+CPI, XY, PAT) written\n";
   EXPECT_EQ(Simulate(kCubicIns, rows.substr(0, rows.size() - 29), "ok\n1024=off\nok\n").Boxes(), written);
   EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 29'999);
-  // Were the row behind read, its signs would leave nothing to expand.
+  // Were the next row read, its signs would leave nothing to expand.
   EXPECT_EQ(Simulate(kCubicIns, rows + Hkl("-9 -9 -9"), "ok\nok\n").Boxes(),
             "30,000 reflection limit\n30,000 reflection limit\n" + written);
   EXPECT_EQ(CountLines(ReadFile("SBRAG.LST")), 30'000);

@@ -25,7 +25,7 @@ void PutF32(std::string& bytes, std::size_t offset, float value) {
   Put(bytes, offset, std::bit_cast<std::uint32_t>(value), 4);
 }
 
-/// A range of three counts from 10 degrees on, behind the hardware's wavelengths.
+/// A range of three counts from 10 degrees on, after the hardware's wavelengths.
 std::string Raw4(const std::string& scan_type) {
   std::string bytes = std::string("RAW4.00\0", 8).append(53, '\0');
   std::string hardware(136, '\0');

@@ -255,7 +255,7 @@ TEST(Formats, RefuseWhatIsNotSound) {
       {"a.xy", "4 1\n5 2\nx 3\n", "a.xy, line 3: expected 2 numbers, found \"x 3\""},
       {"a.xy", "4 1\n5 nan\n", "a.xy, line 2: expected 2 numbers, found \"5 nan\""},
       {"a.xy", "4 1 2 3\n", "a.xy, line 1: expected two or three columns, found 4"},
-      {"a.xy", "4 1\n5 2\n4.5 3\n", "a.xy, line 3: expected angles that go on rising, found 4.5 behind 5"},
+      {"a.xy", "4 1\n5 2\n4.5 3\n", "a.xy, line 3: expected angles that go on rising, found 4.5 after 5"},
       {"a.xy", "4 1\n4 2\n", "a.xy: expected a scan of 2theta, found 2theta standing still at 4 degrees"},
       {"a.xy", "400 1\n500 2\n", "a.xy, line 1: expected an angle 2theta of at most 180 degrees, found 400"},
       {"a.xy", "4 1\n", "a.xy: expected two points at least, found 1"},

@@ -52,7 +52,7 @@ TEST(SmallCif, GivesWhatStandsBeforeTheLineThatCannotBeRead) {
         {kCifHead + loop + "10\n20 30\nx\n", head + "                4\n" + rows, "CIF, line 10: expected a count"},
         {kCifHead + "loop_\n", head + "                4\n", "CIF, line 7: expected _pd_meas_counts_total"},
         {kCifHead.substr(41) + loop + "10\n", "t\n", "none"},
-        {"_pd_meas_2theta_range_inc\n", "t\n", "CIF, line 1: expected 1 number behind _pd_meas_2theta_range_inc"}}) {
+        {"_pd_meas_2theta_range_inc\n", "t\n", "CIF, line 1: expected 1 number after _pd_meas_2theta_range_inc"}}) {
     TextInput cif("CIF", text);
     SmallCifNames names;
     const SmallCif read = ReadSmallCif(cif, names);
@@ -71,13 +71,13 @@ TEST(SmallCif, NamesOutliveAFile) {
   const SmallCif read = ReadSmallCif(second, names);
   ASSERT_TRUE(read.header);
   EXPECT_EQ(read.header->LastAngle, 6.0F);
-  EXPECT_TRUE(read.error) << "no loop behind";
+  EXPECT_TRUE(read.error) << "no loop after it";
 }
 
 TEST(XyTxt, BecomesAPatternOfCopper) {
   TextInput txt("TXT", "REM\n4 1\nREM\n4.5 7\n5 3\n");
   const IngPattern pattern = ReadXyTxt(txt);
-  // A remark behind the first point: the second one counts for the first angle, but the rows begin with the first.
+  // A remark after the first point: the second one counts for the first angle, but the rows begin with the first.
   EXPECT_EQ(pattern.header.FirstAngle, 4.5F);
   EXPECT_EQ(pattern.header.Step, 7.0F) << "the highest Y";
   EXPECT_EQ(pattern.header.LastAngle, 5.0F);

@@ -113,7 +113,7 @@ TEST(PickPeaks, KeepsTheStrongestHundred) {
 }
 
 TEST(PickPeaks, TagsTheCompanionsOfKAlpha2) {
-  // Copper's second line lies 0.285 degrees behind a peak at 90 degrees: 2 asin(1.544427/1.540593 sin 45).
+  // Copper's second line lies 0.285 degrees above a peak at 90 degrees: 2 asin(1.544427/1.540593 sin 45).
   const Pattern pattern = Measured({{60, 900}, {90, 4000}, {90.2858, 2000}}, 50, 100);
   const struct {
     std::optional<double> wavelength;

@@ -138,7 +138,7 @@ TEST_F(ReadModelTest, RefusesWhatIsNoModel) {
       {kHead + "C1 1 0.1 abc 0.3 11\n", "A.INS, line 7: expected a number, found \"abc\""},
       {kHead + "C1 C 0.1 0.2 0.3 11\n", "A.INS, line 7: expected a number, found \"C\""},
       {kHead + "C1 1 0.1 0.2\n",
-       "A.INS, line 7: expected the number of an element and x, y, z behind C1, found 3 numbers"},
+       "A.INS, line 7: expected the number of an element and x, y, z after C1, found 3 numbers"},
       {kHead + "C1 4 .1 .2 .3\n", "A.INS, line 7: expected the number of an element of SFAC from 1 to 3, found \"4\""},
       {kHead + "C1 1 .1 .2 .3 41\n", "A.INS, line 7: expected a free variable from 2 to 3, found number 4"},
       {kHead + "C1 1 .1 .2 .3 11 .1 .1 .1\n", "A.INS, line 7: expected 1 or 6 displacement values, found 3"},

@@ -74,7 +74,7 @@ TEST(Simulate, TakesRowsUpToTheEndOfTheList) {
             "1 0 0 5.00, 1 0 1 0.00, -1 2 3 0.00, 1 1 1 123.00, 2 0 0 0.00, "},
         Row{{kOctant, row + "   1   x   0    5.00    1.00\n" + row, kAsRead}, "1 0 2 5.00, "},
         Row{{kOctant, row + "\n" + row, kAsRead}, "1 0 2 5.00, "},
-        // a text in column 1, in 81 or behind a plus is not counted; eight words count seven times, and end the list
+        // a text in column 1, in 81 or after a plus is not counted; eight words count seven times, and end the list
         Row{{kOctant,
              "# head\ndata_x\nloop_\n _refln_index_h\n\n   1   0   2" + narrow + "-100   0   2" + narrow +
                  "   1   0  +4" + narrow + "   1   0   3       1234.56        440.11         3.02 <\n   2   0   2" +

@@ -10,7 +10,7 @@
 namespace talven::test {
 namespace {
 
-/// What comes behind the six lines of the banner.
+/// What comes after the six lines of the banner.
 std::string BehindBanner(const std::string& output) {
   std::size_t begin = 0;
   for (int line = 0; line < 6 && begin < output.size(); ++line) begin = output.find('\n', begin) + 1;

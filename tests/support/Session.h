@@ -8,7 +8,7 @@ namespace talven::test {
 
 struct SessionResult {
   int exit_code = -1;
-  /// Pane lines behind the banner of six lines.
+  /// Pane lines after the banner of six lines.
   std::string pane;
   /// Everything on standard output, and on standard error.
   std::string output;
@@ -27,7 +27,7 @@ extern const std::string kTalvenConsole, kOwnPath;
 /// Runs a shell's command line and gives its exit code.
 int RunCommand(const std::string& command);
 
-/// Runs the real program; `redirection` is put behind its command line in a shell.
+/// Runs the real program; `redirection` is put after its command line in a shell.
 SessionResult RunProcess(const std::string& arguments, const std::string& answers, const std::string& redirection = "");
 
 }  // namespace talven::test

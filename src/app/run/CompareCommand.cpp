@@ -16,7 +16,7 @@ namespace talven {
 namespace {
 
 struct NoListener : LineListener {
-  void Take(std::string_view /*line*/) override {}
+  void Receive(std::string_view /*line*/) override {}
 };
 
 class CompareCommand : public FileCommand {

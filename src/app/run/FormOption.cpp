@@ -2,6 +2,7 @@
 
 #include "app/run/InputPath.h"
 #include "app/run/OptionText.h"
+#include "textio/LetterCase.h"
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormFields.h"
 #include "ui/forms/FormState.h"
@@ -22,7 +23,7 @@ float PatternFieldValue(std::string_view option, int field, const std::string& t
 
 float WavelengthValue(std::string_view option, const std::string& text, std::string_view more) {
   using namespace pattern_field;
-  const std::string word = FoldCase(text);
+  const std::string word = ToLower(text);
   if (word == "cu") return ChosenWavelength(kCopper, 0.0F);
   if (word == "mo") return ChosenWavelength(kMolybdenum, 0.0F);
   FormState form(*FindForm(kPatternForm));

@@ -15,7 +15,7 @@
 namespace talven {
 namespace {
 
-/// The values of a row behind the file's name.
+/// The values of a row after the file's name.
 struct FileInfo {
   std::string kind;
   std::string format;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "textio/FileNames.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 
@@ -11,7 +12,7 @@ InputPath::InputPath(std::string text) : text_(std::move(text)) {
   home_ = Folder(path.has_parent_path() ? path.parent_path() : std::filesystem::path("."));
   name_ = FromPath(path.filename());
   stem_ = FromPath(path.stem());
-  extension_ = FoldCase(FromPath(path.extension()));
+  extension_ = ToLower(FromPath(path.extension()));
   if (!extension_.empty()) extension_.erase(0, 1);
 }
 
@@ -20,13 +21,6 @@ std::string InputPath::HeadName() const {
   std::ranges::replace_if(
       name, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, ' ');
   return name;
-}
-
-std::string FoldCase(std::string_view name) {
-  std::string folded(name);
-  std::ranges::transform(folded, folded.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; });
-  return folded;
 }
 
 }  // namespace talven

@@ -34,7 +34,4 @@ class InputPath {
   std::string extension_;
 };
 
-/// ASCII letters in lower case: names that fold to the same are the same.
-std::string FoldCase(std::string_view name);
-
 }  // namespace talven

@@ -5,6 +5,7 @@
 
 #include "textio/FieldInput.h"
 #include "textio/FixedText.h"
+#include "textio/LetterCase.h"
 #include "textio/TextInput.h"
 
 namespace talven {
@@ -56,8 +57,7 @@ std::size_t CountOption(std::string_view option, std::string_view text, std::siz
 std::vector<std::string> ListOption(std::string_view option, std::string_view text) {
   std::vector<std::string> items;
   for (std::string_view rest = text;;) {
-    std::string item(Trim(rest.substr(0, rest.find(','))));
-    std::ranges::transform(item, item.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c | 0x20) : c; });
+    std::string item = ToLower(Trim(rest.substr(0, rest.find(','))));
     if (item.empty()) RefuseOption(option, "names with commas between", text);
     if (std::ranges::find(items, item) != items.end()) RefuseOption(option, "each name once", text);
     items.push_back(std::move(item));

@@ -8,6 +8,7 @@
 
 #include "app/run/CommandLineError.h"
 #include "textio/FileNames.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -39,7 +40,7 @@ class KnownFolders {
     Entry entry{.path = FromPath(error ? folder : canonical), .names = {}};
     for (fs::directory_iterator i(folder, error), end; !error && i != end; i.increment(error)) {
       std::string name = FromPath(i->path().filename());
-      std::string& known = entry.names[FoldCase(name)];
+      std::string& known = entry.names[ToLower(name)];
       if (known.empty() || name < known) known = std::move(name);
     }
     return entry;
@@ -49,7 +50,7 @@ class KnownFolders {
 };
 
 bool IsBroughtIn(const fs::path& path) {
-  return std::ranges::find(kBroughtIn, FoldCase(FromPath(path.extension()))) != kBroughtIn.end();
+  return std::ranges::find(kBroughtIn, ToLower(FromPath(path.extension()))) != kBroughtIn.end();
 }
 
 /// Gathers refusals, so that one call tells several.
@@ -94,7 +95,7 @@ class Planner {
 
  private:
   std::string Key(const fs::path& folder, std::string_view name) {
-    return folders_.Of(folder).path + "/" + FoldCase(name);
+    return folders_.Of(folder).path + "/" + ToLower(name);
   }
   std::string KeyOf(const std::string& path) {
     const InputPath parts(path);
@@ -105,7 +106,7 @@ class Planner {
     const bool has_own_folder = ToPath(input.Text()).has_parent_path();
     const fs::path folder = rules_.folder.empty() ? input.Home().Directory() : ToPath(rules_.folder);
     const auto& names = folders_.Of(folder).names;
-    const auto existing = names.find(FoldCase(name));
+    const auto existing = names.find(ToLower(name));
     std::error_code error;
     const bool is_there = fs::exists(folder / ToPath(name), error);
     const fs::path file = ToPath(is_there || existing == names.end() ? name : existing->second);

@@ -140,7 +140,7 @@ int RunTalvenRun(const std::vector<std::string>& arguments, const RunStreams& st
       std::ranges::find_if(entries, [&first](const auto& one) { return one->command->Text().name == first; });
   if (entry != entries.end()) return RunCommandLine(**entry, arguments, streams);
   if (first.empty()) return Refuse(kProgram, "expected a command", streams);
-  return Refuse(kProgram, "there is no command " + first + (first.starts_with("-") ? ": options stand behind it" : ""),
+  return Refuse(kProgram, "there is no command " + first + (first.starts_with("-") ? ": options come after it" : ""),
                 streams);
 }
 

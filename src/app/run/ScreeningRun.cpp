@@ -91,7 +91,7 @@ std::optional<std::vector<FittedRow>> RunFits(const ScreenTarget& target, const 
   const bool is_whole = ForEach<FittedScore>(
       count, threads, reporter,
       [&](std::size_t i, std::vector<std::string>&) {
-        return FitCandidate(target, LoadCandidate(rows[i].name, target), rows[i].score.scale);
+        return FitCandidate(target, LoadCandidate(Folder(), rows[i].name, target), rows[i].score.scale);
       },
       [&](std::size_t i, Attempt<FittedScore> attempt) {
         if (attempt.value)
@@ -113,7 +113,9 @@ std::vector<LineList> LinesOfBest(const ScreenTarget& target, const std::vector<
   std::vector<LineList> lines;
   ForEach<LineList>(
       std::min(fitted.size() + coarse.size(), kComparedWithEachOther), threads, reporter,
-      [&](std::size_t i, std::vector<std::string>&) { return LinesAsGiven(target, LoadCandidate(name_of(i), target)); },
+      [&](std::size_t i, std::vector<std::string>&) {
+        return LinesAsGiven(target, LoadCandidate(Folder(), name_of(i), target));
+      },
       [&](std::size_t, Attempt<LineList> attempt) { lines.push_back(std::move(attempt.value).value_or(LineList())); });
   return lines;
 }
@@ -157,7 +159,7 @@ void AddTopOption(CLI::App& app, std::size_t& top) {
 
 std::optional<ScreenTarget> ReadMeasured(const std::string& path, const ScreenOptions& options, Reporter& reporter) {
   Attempt<ScreenTarget> attempt =
-      Try<ScreenTarget>([&](std::vector<std::string>&) { return LoadScreenTarget(path, options); });
+      Try<ScreenTarget>([&](std::vector<std::string>&) { return LoadScreenTarget(Folder(), path, options); });
   if (!attempt.value) {
     reporter.Fail(path, attempt.failure);
     return std::nullopt;
@@ -173,7 +175,7 @@ CoarseResult RunCoarse(const ScreenTarget& target, const std::vector<CandidateFi
   result.is_whole = ForEach<CoarseRow>(
       files.size(), threads, reporter,
       [&](std::size_t i, std::vector<std::string>& notices) {
-        const Candidate candidate = LoadCandidate(files[i].path, target);
+        const Candidate candidate = LoadCandidate(Folder(), files[i].path, target);
         notices = candidate.notices;
         return ScreenCoarsely(target, candidate, files[i].index);
       },

@@ -54,7 +54,7 @@ void ReadCell(Run& run) {
 }
 
 void TellReading(const ReflectionReading& reading, const TextInput& text, std::vector<std::string>& notices) {
-  if (reading.limit_met) notices.push_back(std::string(kReflectionLimitMessage) + ": rows behind were not read");
+  if (reading.limit_met) notices.push_back(std::string(kReflectionLimitMessage) + ": later rows were not read");
   if (reading.passed_over_count > 0)
     notices.push_back(text.Name() + ", line " + std::to_string(reading.first_passed_over) + ": " +
                       std::to_string(reading.passed_over_count) +

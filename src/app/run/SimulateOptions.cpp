@@ -6,6 +6,7 @@
 #include "app/run/FormOption.h"
 #include "app/run/InputPath.h"
 #include "app/run/OptionText.h"
+#include "textio/LetterCase.h"
 #include "ui/forms/FormFields.h"
 
 namespace talven {
@@ -17,12 +18,12 @@ constexpr double kNarrowest = 0.001;
 constexpr double kWidest = 10.0;
 
 void TakeWavelength(const std::string& text, SimulateOptions& options) {
-  options.takes_cell_wavelength = FoldCase(text) == "cell";
+  options.takes_cell_wavelength = ToLower(text) == "cell";
   if (!options.takes_cell_wavelength) options.pattern.Wavelength = WavelengthValue("--wavelength", text, "cell ");
 }
 
 void TakeData(const std::string& text, SimulateOptions& options) {
-  const std::string word = FoldCase(text);
+  const std::string word = ToLower(text);
   if (word == "hkl") {
     options.data = DataSource::kHkl;
   } else if (word == "fcf") {
@@ -35,8 +36,8 @@ void TakeData(const std::string& text, SimulateOptions& options) {
 }
 
 void TakeExpansion(const std::string& text, SimulateOptions& options) {
-  if (FoldCase(text) != "symmetry" && FoldCase(text) != "signs") RefuseOption("--expand", "signs or symmetry", text);
-  options.expands_by_symmetry = FoldCase(text) == "symmetry";
+  if (ToLower(text) != "symmetry" && ToLower(text) != "signs") RefuseOption("--expand", "signs or symmetry", text);
+  options.expands_by_symmetry = ToLower(text) == "symmetry";
 }
 
 void TakeFormats(const std::string& text, SimulateOptions& options) {

@@ -33,14 +33,6 @@ void WritePatFile(const SimulatedFileHead& head, const Pattern& pattern, TextOut
   WritePatRows(pattern, output);
 }
 
-/// `31-12-2024 at 12: 0: 0`.
-std::string DateText(const SimulatedFileHead& head) {
-  Record text;
-  text.I(head.date.day, 2).A("-").I(head.date.month, 2).A("-").I(head.date.year, 4).A(" at ");
-  text.I(head.time.hour, 2).A(":").I(head.time.minute, 2).A(":").I(head.time.second, 2);
-  return std::string(text.Text());
-}
-
 }  // namespace
 
 void WriteSimulatedFile(std::string_view format, const SimulatedFileHead& head, const SimulationData& data,
@@ -50,7 +42,8 @@ void WriteSimulatedFile(std::string_view format, const SimulatedFileHead& head, 
   if (format == "xy") return WriteXyFile(head, pattern, output);
   if (format == "sbrag") return WriteReflectionListing(data.list, output);
   if (head.is_standard)
-    return WritePatternAs(*FindPatternFormat(format), pattern, {std::string(head.job_name), DateText(head)}, output);
+    return WritePatternAs(*FindPatternFormat(format), pattern,
+                          {std::string(head.job_name), MomentText(head.date, head.time)}, output);
   if (format == "cpi") return WriteCpiFile(head, pattern, output);
   WritePatFile(head, pattern, output);
 }

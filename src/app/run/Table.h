@@ -1,4 +1,4 @@
-// The rows that a command puts on standard output: tab separated behind a head line, or as JSON lines.
+// The rows that a command puts on standard output: tab separated after a head line, or as JSON lines.
 #pragma once
 
 #include <cstdint>

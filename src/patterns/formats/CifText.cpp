@@ -21,13 +21,13 @@ std::string_view FirstWord(std::string_view text) {
 
 bool BeginsWithDataBlock(std::string_view text) {
   const std::string_view word = FirstWord(text);
-  return StartsWithNoCase(word, "data_") || StartsWithNoCase(word, "global_");
+  return StartsIgnoringCase(word, "data_") || StartsIgnoringCase(word, "global_");
 }
 
 bool LooksLikeCif(std::string_view text) {
   const std::string_view word = FirstWord(text);
-  return BeginsWithDataBlock(text) || StartsWithNoCase(word, "_diffraction_") || StartsWithNoCase(word, "_diffrn_") ||
-         StartsWithNoCase(word, "_pd_");
+  return BeginsWithDataBlock(text) || StartsIgnoringCase(word, "_diffraction_") ||
+         StartsIgnoringCase(word, "_diffrn_") || StartsIgnoringCase(word, "_pd_");
 }
 
 }  // namespace talven

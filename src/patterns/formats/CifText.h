@@ -5,7 +5,7 @@
 
 namespace talven {
 
-/// True for a text that begins, behind remarks, with a data block, or with a data name of a diffraction pattern as our
+/// True for a text that begins, after remarks, with a data block, or with a data name of a diffraction pattern as our
 /// own CIF does, which has no data block.
 bool LooksLikeCif(std::string_view text);
 

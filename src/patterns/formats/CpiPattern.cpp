@@ -35,7 +35,7 @@ Head ReadHead(TextInput& cpi, Pattern& pattern) {
   const auto time = LeadingNumber(cpi.RequireLine("a counting time"));
   if (time && *time > 0.0) pattern.step_time = time;
   pattern.title = TrimSpace(cpi.RequireLine("a title"));
-  while (!StartsWithNoCase(TrimSpace(cpi.RequireLine("SCANDATA")), "scandata")) {
+  while (!StartsIgnoringCase(TrimSpace(cpi.RequireLine("SCANDATA")), "scandata")) {
   }
   return head;
 }
@@ -94,7 +94,7 @@ void SetAngles(const TextInput& cpi, const Head& head, PatternFile& file) {
 
 bool LooksLikeCpi(std::string_view text) {
   const std::vector<std::string_view> lines = FirstLines(text, 1);
-  return !lines.empty() && StartsWithNoCase(TrimSpace(lines.front()), "sietronics");
+  return !lines.empty() && StartsIgnoringCase(TrimSpace(lines.front()), "sietronics");
 }
 
 PatternFile ReadCpi(TextInput& cpi) {

@@ -41,7 +41,7 @@ void CheckDirection(std::string_view name, const Pattern& pattern, std::span<con
   for (std::size_t i = 1; i < angle.size(); ++i) {
     if (falls ? angle[i] < angle[i - 1] : angle[i] > angle[i - 1]) continue;
     FailAtPoint(name, lines, i, falls ? "angles that go on falling" : "angles that go on rising",
-                AngleText(angle[i]) + " behind " + AngleText(angle[i - 1]));
+                AngleText(angle[i]) + " after " + AngleText(angle[i - 1]));
   }
 }
 

@@ -1,4 +1,5 @@
-// What every reader of a pattern does behind its format: choose the scan, make the angles, look whether all is sound.
+// What every reader of a pattern does once its format is read: choose the scan, make the angles, look whether all is
+// sound.
 #pragma once
 
 #include <cstddef>

@@ -12,14 +12,6 @@ namespace {
 
 constexpr std::string_view kSpace = " \t\r\n\f\v";
 
-constexpr char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-constexpr bool EqualNoCase(char a, char lower_case) {
-  return Lower(a) == lower_case;
-}
-
 }  // namespace
 
 void FailInFile(std::string_view file, std::string_view expected, std::string_view found) {
@@ -48,18 +40,9 @@ std::string_view TrimSpace(std::string_view text) {
   return text.substr(begin, text.find_last_not_of(kSpace) - begin + 1);
 }
 
-std::string ToLower(std::string_view text) {
-  std::string lower(text);
-  std::ranges::transform(lower, lower.begin(), Lower);
-  return lower;
-}
-
-bool StartsWithNoCase(std::string_view text, std::string_view prefix) {
-  return text.size() >= prefix.size() && std::ranges::equal(text.substr(0, prefix.size()), prefix, {}, Lower, Lower);
-}
-
 std::size_t FindNoCase(std::string_view text, std::string_view lower_case) {
-  const auto found = std::search(text.begin(), text.end(), lower_case.begin(), lower_case.end(), EqualNoCase);
+  const auto found = std::search(text.begin(), text.end(), lower_case.begin(), lower_case.end(),
+                                 [](char a, char b) { return LowerCase(a) == b; });
   return found == text.end() ? std::string_view::npos : static_cast<std::size_t>(found - text.begin());
 }
 

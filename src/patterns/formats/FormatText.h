@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "textio/LetterCase.h"
 #include "textio/TextInput.h"
 
 namespace talven {
@@ -18,14 +19,12 @@ namespace talven {
 std::string_view NextWord(std::string_view& rest);
 std::size_t CountWords(std::string_view text);
 
-/// The text without blanks, tabs and line ends before and behind it.
+/// The text without blanks, tabs and line ends before and after it.
 std::string_view TrimSpace(std::string_view text);
-std::string ToLower(std::string_view text);
-bool StartsWithNoCase(std::string_view text, std::string_view prefix);
 /// Where a word of lower case stands in a text of any; npos if nowhere.
 std::size_t FindNoCase(std::string_view text, std::string_view lower_case);
 
-/// The number that a line begins with, blanks, commas or semicolons behind it; nothing if it begins with none.
+/// The number that a line begins with, blanks, commas or semicolons after it; nothing if it begins with none.
 std::optional<double> LeadingNumber(std::string_view line);
 /// The same for a line that has to begin with one. Throws FatalIoError; `expected` names it ("a step in degrees").
 double RequireLeadingNumber(const TextInput& input, std::string_view line, std::string_view expected);

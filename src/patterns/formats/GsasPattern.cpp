@@ -17,7 +17,7 @@ constexpr std::size_t kLineLength = 80;
 constexpr double kHundredths = 100.0;
 
 bool IsBankLine(std::string_view line) {
-  return StartsWithNoCase(line, "bank") && CountWords(line) >= 5;
+  return StartsIgnoringCase(line, "bank") && CountWords(line) >= 5;
 }
 
 /// What a BANK line tells; angles in degrees.
@@ -35,7 +35,7 @@ Bank ReadBank(const TextInput& gsas, std::string_view line) {
     if (word.empty()) break;
     words.push_back(word);
   }
-  if (words.size() < 7 || !StartsWithNoCase(words[4], "cons"))
+  if (words.size() < 7 || !StartsIgnoringCase(words[4], "cons"))
     gsas.Fail("data of constant wavelength (CONST)", words.size() > 4 ? Quote(words[4]) : "a shorter line");
   const auto number = [&](std::size_t i, const char* what) { return RequireLeadingNumber(gsas, words[i], what); };
   return {.point_count = number(2, "a number of points"),

@@ -12,7 +12,7 @@ bool IsWavelength(double value) {
 
 namespace {
 
-/// The first number that stands behind an equals sign, a colon or a comma and can be a wavelength.
+/// The first number that stands after an equals sign, a colon or a comma and can be a wavelength.
 std::optional<double> NumberBehindSign(std::string_view text) {
   for (std::size_t sign = text.find_first_of("=:,"); sign != std::string_view::npos;
        sign = text.find_first_of("=:,", sign + 1)) {

@@ -8,7 +8,7 @@
 
 namespace talven {
 
-/// Takes the number behind "lambda" or "wavelength" and "=" or ":" as wavelength of the pattern, with a notice of its
+/// Takes the number after "lambda" or "wavelength" and "=" or ":" as wavelength of the pattern, with a notice of its
 /// line, where the pattern has none yet and the number may be one (0.01 to 10 Angstrom).
 void TakeRemarkedWavelength(std::string_view text, std::size_t line, PatternFile& file);
 

@@ -93,7 +93,7 @@ std::optional<double> NextNumber(std::string_view& rest, std::size_t length) {
 }
 
 /// Reads up to so many numbers from the next lines. False at the first word that is none or at the end of the file.
-/// `rest` is what stands behind the last one on its line.
+/// `rest` is what stands after the last one on its line.
 bool ReadNumbers(TextInput& dat, std::size_t count, std::vector<double>& values, std::string_view& rest) {
   for (std::string_view line; values.size() < count && dat.ReadLine(line);) {
     const std::size_t length = line.size();
@@ -107,7 +107,7 @@ bool ReadNumbers(TextInput& dat, std::size_t count, std::vector<double>& values,
   return values.size() == count;
 }
 
-/// Numbers behind the last count: zeros fill its line, one or two are a miscount of the writer, more are no counts by
+/// Numbers after the last count: zeros fill its line, one or two are a miscount of the writer, more are no counts by
 /// start, step and end.
 void CheckRest(const TextInput& dat, std::string_view rest, PatternFile& file) {
   std::size_t numbers = 0;
@@ -127,7 +127,7 @@ void RefuseSimulated(const TextInput& dat) {
              "the length of the title, as simulations write it; the ING or XY file of the job holds the same pattern");
 }
 
-/// What stands behind start, step and end.
+/// What stands after start, step and end.
 std::string_view BehindRange(std::string_view line) {
   for (int i = 0; i < 3; ++i) NextWord(line);
   return TrimSpace(line);
@@ -174,7 +174,7 @@ PatternFile ReadRiet7(TextInput& dat) {
   if (!ReadNumbers(dat, count, pattern.sigma, rest)) {
     if (!pattern.sigma.empty())
       file.notices.push_back("Only " + std::to_string(pattern.sigma.size()) +
-                             " numbers stand behind the counts: they were not taken as standard deviations.");
+                             " numbers follow the counts: they were not taken as standard deviations.");
     pattern.sigma.clear();
   }
   SpreadAngles(dat.Name(), range.first, range.last, pattern);

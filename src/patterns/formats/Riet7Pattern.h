@@ -1,12 +1,12 @@
 // RIET7 DAT, as DBWS, LHPM and the powder diffractometers of PSI write it: titles, a line of start, step and end, then
-// the counts on lines of ten, and in some files as many standard deviations behind them.
+// the counts on lines of ten, and in some files as many standard deviations after them.
 //
 //     HRPT, NdNi4Mg, N18                              up to six lines of titles, or none
 //     lambda=  1.49400, T=   0.000
 //        2.948   0.050 162.898 18000000.              what follows on this line is passed over
 //        7444.   7639.   7731.   7762.   ...
 //
-// Counts fill fields of eight columns; where they touch, the columns part them. What stands behind the last number that
+// Counts fill fields of eight columns; where they touch, the columns part them. What stands after the last number that
 // is wanted is text for people.
 #pragma once
 

@@ -1,4 +1,4 @@
-// UXD, the text form of RAW files: settings "_NAME=VALUE", remarks behind ";", and the ranges of points.
+// UXD, the text form of RAW files: settings "_NAME=VALUE", remarks after ";", and the ranges of points.
 //
 //     _SAMPLE='BT86'
 //     _WL1=1.540600

@@ -30,16 +30,16 @@ bool HasInnerComma(std::string_view word) {
 }
 
 bool IsRemark(std::string_view text) {
-  return std::string_view("#!;%'\"/").find(text.front()) != std::string_view::npos || StartsWithNoCase(text, "rem");
+  return std::string_view("#!;%'\"/").find(text.front()) != std::string_view::npos || StartsIgnoringCase(text, "rem");
 }
 
 /// A remark without what makes it one.
 std::string_view RemarkText(std::string_view text) {
-  if (StartsWithNoCase(text, "rem ")) text.remove_prefix(3);
+  if (StartsIgnoringCase(text, "rem ")) text.remove_prefix(3);
   return TrimSpace(text.substr(std::min(text.find_first_not_of("#!;%'\"/* \t"), text.size())));
 }
 
-/// A row without a remark behind its numbers.
+/// A row without a remark after its numbers.
 std::string_view WithoutRemark(std::string_view text) {
   return TrimSpace(text.substr(0, text.find_first_of("#!")));
 }

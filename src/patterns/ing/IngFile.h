@@ -91,7 +91,7 @@ struct IngRows {
   std::optional<FatalIoError> error;
 };
 
-/// Reads the rows behind a head, as many of them as can be read.
+/// Reads the rows after a head, as many of them as can be read.
 IngRows ReadIngRows(TextInput& ing, const IngRowRule& rule, const IngHeader& header);
 
 /// The layout of a reformatted pattern and of one made from an XY file: title 3X,A20, then 3X with F8.4, F12.3 three

@@ -8,16 +8,12 @@
 #include "textio/FatalIoError.h"
 #include "textio/FixedText.h"
 #include "textio/Folder.h"
+#include "textio/LetterCase.h"
 #include "ui/Process.h"
 #include "ui/console/FormDialogue.h"
 
 namespace talven {
 namespace {
-
-bool EqualsIgnoringCase(std::string_view answer, std::string_view button) {
-  return answer.size() == button.size() && std::equal(answer.begin(), answer.end(), button.begin(),
-                                                      [](char a, char b) { return (a | 0x20) == (b | 0x20); });
-}
 
 /// The file that an answer chooses: in a folder it is the proposed one. A file is called as the answer calls it,
 /// whatever its case on disk, and below the folders that exist under any spelling.
@@ -115,7 +111,7 @@ int ConsoleToolkit::AskMessage(const Message& message) {
       continue;
     }
     for (const MessageButton& button : buttons)
-      if (EqualsIgnoringCase(Trim(*answer), button.text)) return button.answer;
+      if (EqualIgnoringCase(Trim(*answer), button.text)) return button.answer;
     answers_.Refuse(*answer, wanted);
   }
   return buttons.back().answer;
@@ -124,7 +120,7 @@ int ConsoleToolkit::AskMessage(const Message& message) {
 std::optional<std::string> ConsoleToolkit::AskFile(const FileRequest& request) {
   Tell(std::string("[file] ").append(TrimRight(request.title)).append("\n"));
   while (const auto answer = answers_.Next(AnswerReader::BlankLines::kKeep)) {
-    if (answer->empty() || EqualsIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
+    if (answer->empty() || EqualIgnoringCase(Trim(*answer), "cancel")) return std::nullopt;
     if (answers_.IsCallForHelp(*answer)) {
       Tell(FileHelp(request.proposed_name));
       continue;

@@ -47,7 +47,7 @@ class ConsoleToolkit : public Toolkit {
   /// Sends the pane lines on their way: before anything is asked, another program started or the window closed. Throws
   /// FatalIoError.
   void FlushPane();
-  /// Writes whole lines to the messages, behind the pane lines so far.
+  /// Writes whole lines to the messages, after the pane lines so far.
   void Tell(std::string_view lines);
 
   std::ostream& output_;

@@ -118,7 +118,7 @@ TEST(Fcalc, AnswersHelpAndVersion) {
   EXPECT_EQ(Start({"--version"}).exit_code, 0);
 }
 
-/// Both readers of FCF files find the rows behind any title, and values that would not fit.
+/// Both readers of FCF files find the rows after any title, and values that would not fit.
 TEST(Fcalc, IsReadByBothReaders) {
   for (const std::string title :
        {"", "an 'o' in column 48 that is found only here: ooooooooooo", "seven texts 1 2 3 4 5 6 7 8",

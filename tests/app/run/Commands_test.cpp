@@ -39,7 +39,7 @@ std::string ValueOf(const std::string& table, const std::string& column) {
   return "(no column " + column + ")";
 }
 
-/// The counts of an ING file behind its head.
+/// The counts of an ING file after its head.
 std::vector<double> CountsOf(const std::string& ing) {
   std::istringstream lines(ing);
   std::vector<double> counts;

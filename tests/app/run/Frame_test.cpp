@@ -81,7 +81,7 @@ TEST_F(RunFrame, BadCommandLinesDoNothing) {
   for (const auto& [arguments, told] :
        {Row{"", "talven-run: expected a command\n"},
         Row{"cpoy a.in", "talven-run: there is no command cpoy\n"},
-        Row{"-j 2 copy a.in", "talven-run: there is no command -j: options stand behind it\n"},
+        Row{"-j 2 copy a.in", "talven-run: there is no command -j: options come after it\n"},
         Row{"copy", "no input files\n"},
         Row{"copy --files-from empty.list", "empty.list: names no input files\n"},
         Row{"copy --files-from none", "--files-from: none: cannot be opened"},

@@ -4,6 +4,7 @@
 
 #include "patterns/formats/FormatText.h"
 #include "textio/FieldInput.h"
+#include "textio/LetterCase.h"
 
 namespace talven {
 namespace {
@@ -11,7 +12,7 @@ namespace {
 bool IsName(std::string_view tag, std::string_view name) {
   if (tag.size() != name.size()) return false;
   for (std::size_t i = 0; i < tag.size(); ++i) {
-    const char c = tag[i] >= 'A' && tag[i] <= 'Z' ? static_cast<char>(tag[i] - 'A' + 'a') : tag[i];
+    const char c = LowerCase(tag[i]);
     if ((c == '.' ? '_' : c) != name[i]) return false;
   }
   return true;

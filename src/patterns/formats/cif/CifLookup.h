@@ -8,7 +8,7 @@
 
 namespace talven {
 
-/// A value with the standard uncertainty that stands in brackets behind it: 5540(160), 0.125(3).
+/// A value with the standard uncertainty that stands in brackets after it: 5540(160), 0.125(3).
 struct CifNumber {
   double value = 0.0;
   std::optional<double> su;

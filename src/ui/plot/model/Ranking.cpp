@@ -73,7 +73,7 @@ Candidate Load(const std::string& path, const Pattern& measured, double waveleng
   ScreenOptions options;
   options.wavelength = wavelength;
   try {
-    return LoadCandidate(path, MakeScreenTarget(measured, options));
+    return LoadCandidate(Folder(), path, MakeScreenTarget(measured, options));
   } catch (const std::invalid_argument& error) {
     throw FatalIoError(path + ": " + error.what());
   }
