@@ -9,9 +9,12 @@
 #include <QScreen>
 #include <QStyleFactory>
 #include <QTemporaryDir>
+#include <cstdio>
 #include <functional>
 #include <iostream>
 
+#include "app/desktop/WindowPlot.h"
+#include "support/Session.h"
 #include "support/TestFiles.h"
 #include "support/qt/UserScript.h"
 #include "ui/Ui.h"
@@ -39,11 +42,30 @@ Wanted& TopLevel() {
   throw std::runtime_error("a window is missing");
 }
 
+/// A made list, strong and weak in turn.
+std::string Reflections() {
+  std::string list;
+  unsigned state = 1;
+  for (int h = -4; h <= 4; ++h)
+    for (int k = 0; k <= 5; ++k)
+      for (int l = 0; l <= 7; ++l) {
+        state = state * 1664525U + 1013904223U;
+        const auto strength = static_cast<double>((state >> 24) % 16);
+        if (h == 0 && k == 0 && l == 0) continue;
+        char row[40];
+        std::snprintf(row, sizeof row, "%4d%4d%4d%8.2f%8.2f\n", h, k, l, strength * strength * strength, 1.0);
+        list += row;
+      }
+  return list;
+}
+
 /// A session with the window, without the program behind it.
 class Studio {
  public:
   explicit Studio(QString folder) : folder_(std::move(folder)) {
-    WriteFile("ABC.INS", "TITL abc in P 21/c\nCELL 0.71073 5.6402 8.1234 12.3456 90 101.23 90\n");
+    WriteFile("ABC.INS", "TITL abc in P 21/c\nCELL 0.71073 5.6402 8.1234 12.3456 90 101.23 90\nLATT 1\n");
+    WriteFile("ABC.HKL", Reflections());
+    toolkit_.WhenOpened(PutPlotInto);
     toolkit_.WindowOpen({.flags = 7, .title = "TALVEN  by the Talven developers"});
     toolkit_.JobSettled("ABC");
     for (const char* const line :
@@ -130,8 +152,7 @@ void TakeMessages(Studio& studio) {
 /// A run that has written files: their links, and what they open.
 void TakeRun(Studio& studio) {
   studio.TakeForm(kOptionForm, "options", [](FormDialog& form) { Click(Field(form, 1)); });
-  for (const char* const file : {"ABC.ING", "ABC.CPI", "ABC.XY", "ABC.PAT", "SBRAG.LST"})
-    WriteFile(file, "   1   0   0    7.84   123.4\n   1   1   0    9.12   998.1\n");
+  RunSession({"ABC", "C:"}, "1006=1\nok\nok\nexit\n");
   for (int line = 0; line < 40; ++line) studio.GetUi().ShowLine("   line of progress " + std::to_string(line));
   studio.TakeMessage({.text = "ABC.ING (+CPI, XY, PAT) written", .title = " "}, "run-written");
   MainWindow& window = studio.Window();
