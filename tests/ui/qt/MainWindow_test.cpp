@@ -295,5 +295,29 @@ TEST_F(MainWindowTest, AFileGivesJobAndFolder) {
   EXPECT_EQ(toolkit.WDialogGetString(1005), "SALT") << "as by a drop while the form waits";
 }
 
+TEST_F(MainWindowTest, APatternThatIsDroppedOnThePlotIsOnlyShown) {
+  QSignalSpy shown(&Window(), &MainWindow::PatternToShow);
+  QSignalSpy chosen(&Window(), &MainWindow::JobFileChosen);
+  auto* const plot = new QWidget;
+  Window().SetPlot(plot, {"XRDML"});
+  Ask(kJobNameForm, [&](FormDialog&) {
+    Window().resize(1600, 900);
+    QTest::qWait(1);
+    ASSERT_TRUE(plot->isVisible());
+    for (const char* const path : {"/somewhere/A.xrdml", "/somewhere/A.INS"}) {
+      QMimeData file;
+      file.setUrls({QUrl::fromLocalFile(path)});
+      const QPoint place = plot->mapTo(&Window(), plot->rect().center());
+      QDragEnterEvent enter(place, Qt::CopyAction, &file, Qt::LeftButton, {});
+      QApplication::sendEvent(&Window(), &enter);
+      QDropEvent drop(place, Qt::CopyAction, &file, Qt::LeftButton, {});
+      QApplication::sendEvent(&Window(), &drop);
+    }
+  });
+  ASSERT_EQ(shown.size(), 1);
+  EXPECT_EQ(shown[0][0].toString(), "/somewhere/A.xrdml");
+  EXPECT_EQ(chosen.size(), 1) << "a file of a job is one wherever it is dropped";
+}
+
 }  // namespace
 }  // namespace talven::test
