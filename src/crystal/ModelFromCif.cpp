@@ -244,7 +244,7 @@ std::string ListOf(const CifBlock& block) {
   std::string text;
   for (const ListRow& row : rows) {
     Record record;
-    for (const double index : row.index) record.I(std::lround(index), 4);
+    for (const double index : row.index) record.I(std::lround(std::clamp(index, -1e6, 1e6)), 4);
     text.append(record.F(row.value / divisor, 8, 2).F(row.sigma / divisor, 8, 2).Text()).append("\n");
   }
   return text;

@@ -57,8 +57,8 @@ class CellContents {
   explicit CellContents(const CrystalModel& model) : metric_(model.lattice.DirectMetric()) {
     const Metric reciprocal = model.lattice.ReciprocalMetric();
     for (std::size_t i = 0; i < boxes_.size(); ++i)
-      boxes_[i] = std::clamp(static_cast<std::int64_t>(1.0 / (std::sqrt(reciprocal[i]) * kNear)), std::int64_t{1},
-                             std::int64_t{1000});
+      // The smaller of both first: a cell may be as long as a number can tell.
+      boxes_[i] = static_cast<std::int64_t>(std::max(1.0, std::min(1000.0, 1.0 / (std::sqrt(reciprocal[i]) * kNear))));
     for (const Atom& atom : model.atoms)
       for (const SymmetryOperator& each : model.symmetry.Operators()) {
         const Vector3 position = each.Apply(atom.position);
