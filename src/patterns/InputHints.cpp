@@ -12,6 +12,7 @@ namespace talven {
 namespace {
 
 constexpr std::string_view kConvert = "; talven-run convert --to ing brings it in";
+constexpr std::size_t kBeginning = 4096;
 constexpr std::size_t kColumnsRead = 80;
 
 /// The names of option 2, each at the start of its line.
@@ -74,6 +75,8 @@ std::optional<std::string> HintForCif(std::string_view name, std::string_view te
 
 std::optional<std::string> HintForTxt(std::string_view name, std::string_view text) {
   if (LooksLikeUnscramblerTable(text)) return Hint(name, "is the table that option 8 writes, not one of X and Y");
+  // What is wrong with such a table is wrong from its beginning on; later lines the reader itself tells of.
+  if (text.size() > kBeginning) text = text.substr(0, text.rfind('\n', kBeginning));
   TextInput txt{std::string(name), std::string(text)};
   for (std::string_view line; txt.ReadLine(line);) {
     line = line.substr(0, kColumnsRead);

@@ -13,7 +13,7 @@ namespace talven {
 std::optional<std::string> HintForCif(std::string_view name, std::string_view text);
 
 /// For a table that option 9 refuses or misreads: the one that option 8 writes, decimal commas, remarks of other
-/// programs, blank lines. Nothing where each line is REM or begins with X and Y.
+/// programs, blank lines. Nothing where each line of its beginning is REM or begins with X and Y.
 std::optional<std::string> HintForTxt(std::string_view name, std::string_view text);
 
 }  // namespace talven
