@@ -59,7 +59,7 @@ std::optional<fs::path> Folder::Find(std::string_view name) const {
 std::optional<fs::path> Folder::FindForWriting(std::string_view name, Spelling spelling) const {
   auto existing = spelling == Spelling::kAny ? Find(name) : std::nullopt;
   if (existing) return existing;
-  const auto path = PathOf(name);
+  auto path = PathOf(name);
   if (!path) return std::nullopt;
   return FindDirectory(path->parent_path()) / path->filename();
 }
