@@ -6,7 +6,7 @@
 #include <set>
 #include <sstream>
 
-#include "app/run/AllCommands.h"
+#include "RunTool.h"
 #include "crystal/ScatteringTables.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
@@ -15,21 +15,6 @@ namespace talven::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Outcome {
-  int exit_code = -1;
-  std::string output, messages;
-};
-
-Outcome RunTool(const std::string& arguments) {
-  std::vector<std::string> words = {"talven-run"};
-  std::istringstream list(arguments);
-  for (std::string word; list >> word;) words.push_back(word);
-  std::istringstream input;
-  std::ostringstream output, messages;
-  const int exit_code = RunTalvenRun(words, {input, output, messages, false}, AllCommands());
-  return {exit_code, output.str(), messages.str()};
-}
 
 /// The value in a column of the first row of a table.
 std::string ValueOf(const std::string& table, const std::string& column) {

@@ -5,27 +5,12 @@
 #include <cmath>
 #include <sstream>
 
-#include "app/run/AllCommands.h"
+#include "RunTool.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
 
 namespace talven::test {
 namespace {
-
-struct Outcome {
-  int exit_code = -1;
-  std::string output, messages;
-};
-
-Outcome RunTool(const std::string& arguments) {
-  std::vector<std::string> words = {"talven-run"};
-  std::istringstream list(arguments);
-  for (std::string word; list >> word;) words.push_back(word);
-  std::istringstream input;
-  std::ostringstream output, messages;
-  const int exit_code = RunTalvenRun(words, {input, output, messages, false}, AllCommands());
-  return {exit_code, output.str(), messages.str()};
-}
 
 /// Two atoms in a monoclinic cell.
 std::string InsOf(double scale, double x) {
