@@ -44,7 +44,7 @@ else()
 endif()
 # gemmi's list of blocks holds a type that is not complete yet, which C++20 lets only some compilers pass.
 set_source_files_properties(patterns/formats/cif/ParseCif.cpp PROPERTIES
-  COMPILE_OPTIONS $<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-std=c++17>)
+  COMPILE_OPTIONS $<$<NOT:$<CXX_COMPILER_ID:MSVC>>:-std=c++17> SKIP_PRECOMPILE_HEADERS ON)
 if(XYLIB_INCLUDE AND XYLIB_LIBRARY)
   pattern_room(xylib XYLIB OUTSIDE ${XYLIB_LIBRARY})
 else()

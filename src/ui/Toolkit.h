@@ -156,8 +156,8 @@ class Toolkit {
   virtual int AskMessage(const Message& message) = 0;
   /// The full path of the chosen file, or nothing after a cancel. May change the current directory on the way.
   virtual std::optional<std::string> AskFile(const FileRequest& request) = 0;
-  /// A file selector has been answered, and the current directory changed if it was to be.
-  virtual void ShowDirectory() {}
+  /// A file selector has been answered, and the current directory, `directory` now, changed if it was to be.
+  virtual void ShowDirectory(std::string_view /*directory*/) {}
 
  private:
   FormState* Find(int id);
