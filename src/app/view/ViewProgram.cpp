@@ -45,8 +45,10 @@ void PickFile(const QString& path, PeakOptions options, std::ostream& output) {
   if (file.pattern.wavelength) options.wavelength = file.pattern.wavelength;
   const PickedPeaks picked = PickPeaks(file.pattern, options);
   const std::string name = QFileInfo(path).completeBaseName().toStdString() + std::string(kPeakListSuffix);
+  const Folder folder;
+  folder.Delete(name);  // Should it be a link, what it points to stays.
   OutputFile list;
-  list.Open(Folder(), name);
+  list.Open(folder, name);
   WritePeakList(picked.peaks, picked.wavelength, list);
   list.Close();
   output << name << ": " << picked.peaks.size() << " peaks\n";

@@ -61,6 +61,23 @@ TEST(TalvenView, PicksWithoutADisplay) {
   EXPECT_NE(list.find("   25.0"), std::string::npos) << list;
 }
 
+TEST(TalvenView, PutsOutputsInThePlaceOfLinks) {
+  const TestDirectory directory;
+  WriteMade("A.XY");
+  WriteMade("B.XY");
+  WriteFile("other", "kept\n");
+  for (const char* const name : {"a.png", "a.svg", "a.pdf", "a.2.xy", "a.xy", "A.peaks.LST"}) {
+    std::filesystem::create_symlink(name[0] == 'a' ? "other" : "nowhere", name);
+    const QString output(name);
+    if (output != "a.2.xy")
+      RunView(name[0] == 'a' ? QStringList{"--export", output, "A.XY", "B.XY"} : QStringList{"--pick", "A.XY"});
+  }
+  EXPECT_EQ(ReadFile("other"), "kept\n");
+  EXPECT_FALSE(Exists("nowhere"));
+  for (const char* const name : {"a.png", "a.svg", "a.pdf", "a.xy", "A.peaks.LST"})
+    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(name))) << name;
+}
+
 TEST(TalvenView, SaysWhatIsWrong) {
   const TestDirectory directory;
   WriteMade("A.XY");
