@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QTimer>
 #include <cstdio>
+#include <utility>
 
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormFields.h"
@@ -136,7 +137,17 @@ void QtToolkit::TellHint(std::string_view hint) {
   });
 }
 
+void QtToolkit::TellProgress(std::int64_t done, std::int64_t total) {
+  const int percent = static_cast<int>(100.0 * static_cast<double>(done) / static_cast<double>(total));
+  // The window is not told of every step: there may be millions.
+  if (std::exchange(memory_->told_percent, percent) == percent) return;
+  PostToGui([this, percent] {
+    if (window_) window_->Status().ShowProgress(percent);
+  });
+}
+
 void QtToolkit::ShowRunning() {
+  memory_->told_percent = -1;
   if (window_) window_->Status().ShowRunning(memory_->running);
 }
 

@@ -61,6 +61,7 @@ class QtToolkit : public Toolkit {
   void TellOfProgram(std::string_view line) override;
   void JobSettled(std::string_view job) override;
   void TellHint(std::string_view hint) override;
+  void TellProgress(std::int64_t done, std::int64_t total) override;
 
  protected:
   int RunForm(FormState& form) override;
