@@ -85,11 +85,12 @@ std::int64_t LayerCount(const HklLimits& limits) {
 void WriteDummyLayer(const DummyList& list, std::int64_t h, TextOutput& hkl) {
   const Index KMax = list.limits.KMax;
   const Index LMax = list.limits.LMax;
-  for (Index k = -KMax; k <= KMax; ++k)
-    for (Index l = h == 0 ? 0 : -LMax; l <= LMax; ++l) {
-      if ((h == 0 && k == 0 && l == 0) || IsAbsent(list.rule, h, k, l)) continue;
-      WriteReflection(list.cell, list.wavelength, h, k, l, hkl);
-    }
+  const float wavelength = list.wavelength;
+  for (Index k = -KMax; k <= KMax; ++k) {
+    const Index first = h != 0 ? -LMax : k != 0 ? 0 : 1;
+    for (Index l = first; l <= LMax; ++l)
+      if (!IsAbsent(list.rule, h, k, l)) WriteReflection(list.cell, wavelength, h, k, l, hkl);
+  }
 }
 
 }  // namespace talven
