@@ -5,9 +5,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <functional>
@@ -93,8 +94,9 @@ class Studio {
       if (use) use(form);
       // Without what is around it, as the manual shows it.
       if (!use) form.parentWidget()->grab().save(folder_ + "/only-" + name + ".png");
+      if (!form.isVisible()) return;
       Take(name);
-      if (form.isVisible()) form.EndAsItStands();
+      form.EndAsItStands();
     }});
     toolkit_.WDialogLoad(id);
     toolkit_.WDialogShow(-1, -1, 0, kModal);
@@ -175,7 +177,7 @@ void TakeSurroundings(Studio& studio) {
       if (action->text().contains("About")) action->trigger();
   });
   for (QDialog* const dialog : window.findChildren<QDialog*>("about")) dialog->close();
-  on_form("menu", [&] { QTest::keyClick(&window, Qt::Key_H, Qt::AltModifier); });
+  on_form("menu", [&] { window.menuBar()->setActiveAction(window.HelpMenu().menuAction()); });
   if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
 }
 
@@ -213,7 +215,6 @@ int main(int argc, char** argv) {
   const QTemporaryDir state;
   qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
   const talven::DesktopSession session(argv);
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
   if (std::string_view(argv[2]) == "dark") QApplication::setPalette(talven::test::DarkPalette());
   const QString folder = QFileInfo(argv[1]).absoluteFilePath();
   QDir().mkpath(folder);

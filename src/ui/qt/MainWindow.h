@@ -39,6 +39,8 @@ class MainWindow : public QMainWindow {
   void SetCredits(const QString& credits) { credits_ = credits; }
   /// Gives the form the room that it needs; to be called when another one is shown.
   void FitForm() { areas_->FitForm(); }
+  /// False where the plot is a tab, and with it all that would come up over it.
+  bool HasPlotColumn() const { return areas_->HasPlotColumn(); }
   /// Where a message box belongs.
   QWidget* MessagePlace() { return areas_->MessagePlace(); }
   /// Asks how a session that waits for a form is to end.

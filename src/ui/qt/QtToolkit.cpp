@@ -64,7 +64,7 @@ void QtToolkit::OpenWindow(const QString& title, const QRect& place) {
     if (form_ != nullptr) form_->EndAsItStands();
   });
   QObject::connect(window, &MainWindow::JobFileChosen, window, [this](const QString& path) { TakeJobFile(path); });
-  QObject::connect(window, &MainWindow::OutputAsked, window, [this] { output_->Keep(); });
+  QObject::connect(window, &MainWindow::OutputAsked, window, [this] { KeepOutput(); });
   window->Status().SetFolder(QDir::currentPath());
   if (when_opened_) when_opened_(*window);
   window->show();
@@ -79,7 +79,9 @@ void QtToolkit::WindowOpen(const WindowRecord& record) {
 void QtToolkit::WindowClose() {
   OnGui([&] {
     shown_form_.reset();
+    const bool has_output = window_ && window_->Texts().HasText(kOutputTitle);
     window_.reset();
+    if (has_output) KeepOutput();
   });
 }
 
@@ -248,6 +250,7 @@ QString QtToolkit::MissingFile(std::string_view text) const {
 }
 
 int QtToolkit::ShowMessage(const Message& message) {
+  if (window_) window_->FitForm();
   QWidget* const place = window_ ? window_->MessagePlace() : nullptr;
   MessageDialog box(message, MissingFile(message.text), place);
   if (is_leaving_ && message.type != MessageType::kOk) return box.Answer();

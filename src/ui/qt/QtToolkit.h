@@ -84,6 +84,9 @@ class QtToolkit : public Toolkit {
   /// A program has ended: keeps its output where something is to be read.
   void JudgeProgram(std::optional<int> exit_code, const std::string& job);
   bool IsUnattended() const;
+  /// Shows the output of the last program beside what is to be read: in a window, or in a tab where that would lie over
+  /// the form.
+  void KeepOutput();
 
   void TakeLeaveWish();
   void TakeJobFile(const QString& path);

@@ -99,6 +99,19 @@ void TextTabs::OpenText(const QString& path) {
   AddReader(reader, path, QFileInfo(path).fileName());
 }
 
+void TextTabs::ShowText(const QString& title, const QString& text) {
+  QPlainTextEdit* const reader = MakeReader(this);
+  reader->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+  reader->setPlainText(text);
+  AddReader(reader, title, title);
+}
+
+bool TextTabs::HasText(const QString& title) const {
+  for (int i = kFixedTabs; i < count(); ++i)
+    if (widget(i)->objectName() == title) return true;
+  return false;
+}
+
 void TextTabs::OpenManual(const ManualPlace& place) {
   const QString path = FindManualPage(place.page);
   auto* const reader = new QTextBrowser(this);

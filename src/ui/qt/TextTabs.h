@@ -21,6 +21,9 @@ class TextTabs : public QTabWidget {
 
   /// Opens a text file in a tab of its own, with a fixed-pitch font.
   void OpenText(const QString& path);
+  /// Shows a text that is in no file, broken at the edge. Its tab is found again by the title.
+  void ShowText(const QString& title, const QString& text);
+  bool HasText(const QString& title) const;
   /// Opens a page of the manual; one line if it is not installed.
   void OpenManual(const ManualPlace& place);
 
