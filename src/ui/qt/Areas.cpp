@@ -87,6 +87,7 @@ void Areas::WidenForForm() {
 }
 
 int Areas::FormHeight(int room) {
+  if (form_->Form() == nullptr) return room / 3;
   const int most = std::max(room - kLeastText, room / 3);
   return std::min(form_->FitInto({talk_->width(), most}).height(), most);
 }
@@ -105,7 +106,6 @@ void Areas::FitForm() {
   WidenForForm();
   if (const auto moved = moved_.find(BorderName()); moved != moved_.end()) return talk_->setSizes(moved->second);
   const bool is_below = talk_->orientation() == Qt::Vertical;
-  if (is_below && form_->Form() == nullptr) return;
   const int room = (is_below ? talk_->height() : talk_->width()) - talk_->handleWidth();
   const int form = is_below ? FormHeight(room) : FormWidth(room);
   talk_->setSizes({room - form, form});

@@ -128,7 +128,7 @@ void QtToolkit::JobSettled(std::string_view job) {
     memory_->is_job_settled = true;
     memory_->opened.reset();
     if (!window_) return;
-    window_->State().RememberJob(memory_->job);
+    window_->RememberJob(memory_->job);
     window_->Status().SetJob(memory_->job);
   });
 }

@@ -41,6 +41,7 @@ StatusLine::StatusLine(QWidget* parent)
   setObjectName("status");
   setAccessibleName("Status");
   activity_->setObjectName("activity");
+  job_->hide();
   remark_->setObjectName("remark");
   remark_->setWordWrap(true);
   remark_->hide();
@@ -91,7 +92,8 @@ void StatusLine::PlaceParts() {
 }
 
 void StatusLine::SetJob(const QString& job) {
-  job_->setText(job.isEmpty() ? QString() : "Job " + job);
+  job_->setText("Job " + job);
+  job_->setVisible(!job.isEmpty());
 }
 
 void StatusLine::SetFolder(const QString& folder) {

@@ -132,10 +132,11 @@ TEST_F(MainWindowTest, AFieldThatIsNotUsedLooksSoAndCanBeFilled) {
 }
 
 TEST_F(MainWindowTest, TheRestCanBeUsedWhileAFormWaits) {
+  const auto in_front = [] { return Window().Texts().currentWidget()->objectName(); };
   toolkit.WGrTextAt(5.0F, 290.0F, "first page");
   toolkit.WGrAreaClear();
   toolkit.WGrTextAt(5.0F, 290.0F, "second page");
-  Ask(kPatternForm, [](FormDialog& form) {
+  Ask(kPatternForm, [&](FormDialog& form) {
     EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget())) << "the form has the focus from the start";
     EXPECT_EQ(Window().findChild<QPlainTextEdit*>("all-lines")->toPlainText(), "first page\nsecond page");
     QTest::keyClick(&Window(), Qt::Key_F6);
@@ -147,7 +148,14 @@ TEST_F(MainWindowTest, TheRestCanBeUsedWhileAFormWaits) {
     QTest::keyClick(&Window(), Qt::Key_F1);
     const auto* const manual = Window().findChild<QTextBrowser*>("manual");
     EXPECT_TRUE(manual->toPlainText().contains("Form 4"));
+    EXPECT_EQ(in_front(), "manual");
+    QTest::keyClick(&Window(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(in_front(), "page");
+    EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(&Window(), Qt::Key_F1);
   });
+  toolkit.WGrTextAt(5.0F, 283.0F, "a line behind the manual");
+  EXPECT_EQ(in_front(), "page") << "nothing covers what is said";
 }
 
 TEST_F(MainWindowTest, ClosingAsksWhereAStepIsOpen) {
@@ -196,6 +204,11 @@ TEST_F(MainWindowTest, JobsUsedBeforeAreOfferedAndADamagedMemoryIsIgnored) {
     });
     EXPECT_EQ(toolkit.WDialogGetString(1005), name_of_job);
   }
+  QtToolkit other{{"/usr/bin/talven"}};
+  other.WindowOpen({.title = "TALVEN"});
+  other.JobSettled("SUGAR");
+  other.WindowClose();
+  EXPECT_EQ(open_again(), QStringList({"SUGAR", "SALT", "QUARTZ"})) << "each window keeps the jobs of the others";
   for (const QByteArray damaged :
        {"", "{\"jobs\": 7, \"borders\": {\"below\": [1, -2, \"x\"]}, \"geometry\": \"????\"}", "\xff\x00[{",
         "[1, 2]"}) {
