@@ -160,6 +160,11 @@ void TakeRun(Studio& studio) {
   MainWindow& window = studio.Window();
   studio.TakeForm(kOptionForm, "run-viewer",
                   [&](FormDialog&) { emit window.Status().FileAsked(QDir::current().filePath("SBRAG.LST")); });
+  studio.TakeForm(kPatternForm, "run-plot",
+                  [&](FormDialog&) { emit window.Status().FileAsked(QDir::current().filePath("ABC.ING")); });
+  studio.GetToolkit().TellProgress(2, 5);
+  QTest::qWait(600);
+  studio.Take("progress");
 }
 
 /// What stands around the forms.

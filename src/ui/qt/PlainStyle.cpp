@@ -21,15 +21,15 @@ class PlainStyle : public QProxyStyle {
                      const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const QColor ground = option->palette.color(QPalette::Window);
-    const bool has_focus = (option->state & State_HasFocus) != 0;
-    if (ground.lightness() > kMiddleGrey || has_focus) return;
+    if (ground.lightness() > kMiddleGrey) return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Blend(ground, option->palette.color(QPalette::WindowText), kOutline));
     painter->setBrush(Qt::NoBrush);
     const QRectF outline = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
     if (element == PE_IndicatorRadioButton) painter->drawEllipse(outline.adjusted(0.5, 0.5, -0.5, -0.5));
-    if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit) painter->drawRoundedRect(outline, 2.0, 2.0);
+    const bool is_field = element == PE_FrameLineEdit && (option->state & State_HasFocus) == 0;
+    if (element == PE_IndicatorCheckBox || is_field) painter->drawRoundedRect(outline, 2.0, 2.0);
     painter->restore();
   }
 };

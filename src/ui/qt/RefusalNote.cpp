@@ -13,8 +13,8 @@ namespace {
 constexpr int kGap = 6;
 /// A neighbour may be a little wider than the field.
 constexpr int kFromField = 10;
-/// Width in which a text of four lines is still read with ease.
-constexpr int kNarrowest = 96;
+/// Width in which a text of three lines is still read with ease.
+constexpr int kNarrowest = 84;
 
 }  // namespace
 
