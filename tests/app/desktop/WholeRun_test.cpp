@@ -9,8 +9,10 @@
 #include <chrono>
 #include <clocale>
 #include <fstream>
+#include <sstream>
 #include <thread>
 
+#include "app/CommandLine.h"
 #include "app/desktop/DesktopProgram.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
@@ -143,6 +145,9 @@ TEST_F(DesktopProgram, ShowsHowFarALongListHasCome) {
 TEST(DesktopStart, TakesOneFileThatIsThere) {
   EXPECT_EQ(TakeOpenedFile({kPath, "--open"}).arguments.size(), 1U) << "a menu entry without a file";
   EXPECT_EQ(TakeOpenedFile({kPath, "ABC", "C:"}).arguments.size(), 3U);
+  std::ostringstream help;
+  EXPECT_EQ(AnswerCommandLine("talven", {kPath, "--help"}, help, help), 0);
+  EXPECT_NE(help.str().find("talven --open FILE\n"), std::string::npos);
   EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/none/such.INS"}), std::invalid_argument);
   EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/tmp", "ABC"}), std::invalid_argument);
 }
