@@ -108,6 +108,8 @@ class Toolkit {
   virtual void JobSettled(std::string_view /*job*/) {}
   /// A remark on an input, in one line, apart from pane and boxes: what is the matter with it and what helps.
   virtual void TellHint(std::string_view /*hint*/) {}
+  /// So much of what runs is done; `total` is above 0. For toolkits that show it.
+  virtual void TellProgress(std::int64_t /*done*/, std::int64_t /*total*/) {}
 
   // Questions. The outcome stands in WDialogQuery(4).
   void WMessageBox(const Message& message);
