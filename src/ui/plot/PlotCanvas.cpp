@@ -4,14 +4,14 @@
 #include <cmath>
 
 #include "ui/plot/AxisTickers.h"
-#include "ui/plot/ColumnGraph.h"
+#include "ui/plot/ColumnCurves.h"
 #include "ui/plot/PlotMarks.h"
 
 namespace talven {
 namespace {
 
-/// More curves than this are drawn one pixel wide and without smooth edges, so that a frame keeps its time.
-constexpr std::size_t kSmoothCurves = 4;
+/// More points than this are drawn without smooth edges, so that a frame keeps its time.
+constexpr std::size_t kSmoothPoints = 13'000;
 /// Zooming further than this share of a degree, an Angstrom or 1/Angstrom shows nothing new.
 constexpr double kNarrowest = 1e-4;
 
@@ -33,6 +33,7 @@ PlotCanvas::PlotCanvas(const PlotModel& model, const PeakPicker& picker, QWidget
   setMouseTracking(true);
   setMinimumSize(240, 160);
   SetUpAxes();
+  new ColumnPicture(*this);
   marks_ = new PlotMarks(*this);
   connect(this, &QCustomPlot::beforeReplot, this, &PlotCanvas::FillCurves);
   Update(false);
@@ -130,12 +131,7 @@ void PlotCanvas::Style() {
   legend->setBorderPen(QPen(colours_.grid, 0));
   legend->setTextColor(colours_.text);
   legend->setFont(font());
-  const std::size_t count = model_.Series().size();
-  for (int i = 0; i < graphCount(); ++i) {
-    const bool is_smooth = count <= kSmoothCurves;
-    graph(i)->setPen(QPen(colours_.Curve(static_cast<std::size_t>(i)), is_smooth ? 1.0 : 0.0));
-    graph(i)->setAntialiased(is_smooth);
-  }
+  for (int i = 0; i < graphCount(); ++i) graph(i)->setPen(QPen(colours_.Curve(static_cast<std::size_t>(i)), 1.0));
   graph(graphCount() - 2)->setPen(QPen(colours_.background_curve, 1.0, Qt::DashLine));
   graph(graphCount() - 1)->setPen(QPen(colours_.difference, 1.0));
 }
@@ -148,14 +144,19 @@ void PlotCanvas::ReserveTickStrip() {
 void PlotCanvas::FillCurves() {
   const PlotRange along = AlongRange();
   const std::size_t count = model_.Series().size();
-  const double pixels = count <= kSmoothCurves ? std::ceil(devicePixelRatioF()) : 1.0;
-  const auto columns = static_cast<std::size_t>(std::max(width(), 200) * pixels);
   // A window that appears draws before anybody said that the model changed.
   if (static_cast<std::size_t>(graphCount()) != count + 2) {
     MatchGraphs();
     Style();
   }
-  for (std::size_t i = 0; i < count; ++i) FillCurve(static_cast<int>(i), model_.CurveOf(i, along, columns));
+  const auto pixels = static_cast<std::size_t>(std::max(width(), 200));
+  const std::size_t fine_columns = pixels * static_cast<std::size_t>(std::ceil(devicePixelRatioF()));
+  const bool is_smooth = model_.DrawnPoints(along, fine_columns) <= kSmoothPoints;
+  const std::size_t columns = is_smooth ? fine_columns : pixels;
+  for (std::size_t i = 0; i < count; ++i) {
+    graph(static_cast<int>(i))->setAntialiased(is_smooth);
+    FillCurve(static_cast<int>(i), model_.CurveOf(i, along, columns));
+  }
   const std::vector<double>& background = picker_.Background();
   const bool has_background =
       shows_peaks_ && count > 0 && background.size() == model_.Series().front().pattern.PointCount();
