@@ -5,6 +5,7 @@
 
 #include "ui/plot/AxisTickers.h"
 #include "ui/plot/ColumnCurves.h"
+#include "ui/plot/PlotAccessible.h"
 #include "ui/plot/PlotMarks.h"
 
 namespace talven {
@@ -27,6 +28,7 @@ QVector<double> ToVector(const std::vector<double>& values) {
 
 PlotCanvas::PlotCanvas(const PlotModel& model, const PeakPicker& picker, QWidget* parent)
     : QCustomPlot(parent), model_(model), picker_(picker), colours_(ColoursFor(palette())) {
+  InstallPlotAccessible();
   setObjectName("plot");
   setAccessibleName("Plot");
   setFocusPolicy(Qt::StrongFocus);

@@ -238,6 +238,35 @@ TEST(PlotWidget, TheTableSortsCopiesAndIsRead) {
             "SILICON. Along: 2θ (°), 20 to 90. Up: Intensity (counts). 3501 p");
 }
 
+/// Names and values of all children, line by line.
+std::string Tree(QAccessibleInterface& parent) {
+  std::string text;
+  for (int i = 0; i < parent.childCount(); ++i) {
+    QAccessibleInterface& child = *parent.child(i);
+    EXPECT_EQ(parent.indexOfChild(&child), i);
+    EXPECT_EQ(child.parent()->object(), parent.object());
+    text += child.text(QAccessible::Name).toStdString() + " | " + child.text(QAccessible::Value).toStdString() + "\n";
+  }
+  return text;
+}
+
+TEST(PlotWidget, TitleAndAxesStandInTheTreeOfAScreenReader) {
+  OpenPlot open;
+  QAccessibleInterface& drawing = *QAccessible::queryAccessibleInterface(&open.canvas);
+  EXPECT_EQ(drawing.role(), QAccessible::Chart);
+  open.canvas.SetView({30.0, 60.0}, {0.0, 4400.0});
+  EXPECT_EQ(Tree(drawing),
+            "Title: SILICON | \nHorizontal axis: 2θ (°) | from 30 to 60\n"
+            "Vertical axis: Intensity (counts) | from 0 to 4400\n");
+  open.plot.ApplySettings({AlongUnit::kQ, UpScale::kSquareRoot, {}, false});
+  open.canvas.SetView({1.0, 5.0}, {0.0, 20.0});
+  EXPECT_EQ(Tree(drawing),
+            "Title: SILICON | \nHorizontal axis: Q (Å⁻¹) | from 1 to 5\n"
+            "Vertical axis: Intensity (counts), square root scale | from 0 to 400\n");
+  const QPoint below = drawing.child(1)->rect().center();
+  EXPECT_EQ(drawing.childAt(below.x(), below.y()), drawing.child(1));
+}
+
 TEST(PlotWidget, EverythingHasAName) {
   OpenPlot open(true);
   for (const QWidget* const widget : open.plot.findChildren<QWidget*>()) {
