@@ -79,7 +79,7 @@ void PlotCanvas::MatchGraphs() {
   clearGraphs();
   const auto& series = model_.Series();
   for (std::size_t i = 0; i < series.size(); ++i) {
-    AddCurve(QString::fromStdString(series[i].title));
+    AddCurve(QString::fromStdString(model_.CurveName(i)));
   }
   // Behind the curves of the patterns, with or without points: background and difference.
   AddCurve("Background");
@@ -182,6 +182,20 @@ void PlotCanvas::SetView(const PlotRange& along, const PlotRange& up) {
   if (along.upper - along.lower > kNarrowest) xAxis->setRange(along.lower, along.upper);
   if (up.upper > up.lower) yAxis->setRange(up.lower, up.upper);
   replot(rpQueuedReplot);
+}
+
+std::optional<PlotRange> PlotCanvas::ZoomedAngles() const {
+  const PlotRange view = AlongRange();
+  const PlotRange all = model_.FullAlong();
+  if (model_.IsEmpty() || (view.lower <= all.lower && view.upper >= all.upper)) return std::nullopt;
+  const auto [first, last] = std::minmax({model_.TwoThetaOf(view.lower), model_.TwoThetaOf(view.upper)});
+  return PlotRange{first, last};
+}
+
+void PlotCanvas::ShowAngles(const PlotRange& angles) {
+  const PlotRange all = model_.FullAlong();
+  const auto [lower, upper] = std::minmax({model_.Along(angles.lower), model_.Along(angles.upper)});
+  SetView({std::max(lower, all.lower), std::min(upper, all.upper)}, UpRange());
 }
 
 void PlotCanvas::ShowAll() {

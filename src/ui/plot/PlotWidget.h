@@ -74,6 +74,8 @@ class PlotWidget : public QWidget {
   void MakeActions();
   void MakeToolBar();
   void ConnectParts();
+  void Show(PlotSeries series, const QString& folder);
+  void Overlay(PlotSeries series);
   std::optional<PlotSeries> Read(const QString& path);
   void Redraw(bool keeps_view);
   void PreparePeaks();

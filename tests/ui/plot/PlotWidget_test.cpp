@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QSlider>
 #include <QTest>
 #include <QToolBar>
@@ -142,6 +143,38 @@ TEST(PlotWidget, AxesAreChosenInTheToolBar) {
   QTest::keyClick(&open.Find<QComboBox>("up"), Qt::Key_End);
   EXPECT_EQ(open.canvas.yAxis->label(), "Intensity (counts), logarithmic scale");
   EXPECT_NEAR(open.canvas.UpRange().upper, 3.6, 0.3);
+}
+
+TEST(PlotWidget, OtherAxesShowTheSamePart) {
+  OpenPlot open;
+  open.canvas.SetView({40.0, 50.0}, {0.0, 300.0});
+  open.Find<QComboBox>("along").setCurrentIndex(1);
+  EXPECT_NEAR(open.canvas.AlongRange().lower, 1.8226, 1e-3) << "d at 50 degrees";
+  EXPECT_NEAR(open.canvas.AlongRange().upper, 2.2522, 1e-3);
+  EXPECT_EQ(open.canvas.UpRange().upper, 300.0);
+  open.Find<QComboBox>("along").setCurrentIndex(0);
+  EXPECT_NEAR(open.canvas.AlongRange().lower, 40.0, 1e-6);
+  open.Find<QComboBox>("up").setCurrentIndex(1);
+  EXPECT_NEAR(open.Width(), 10.0, 1e-6);
+  EXPECT_NEAR(open.canvas.UpRange().upper, 50.0, 5.0) << "as high as the square root of what is in view";
+}
+
+TEST(PlotWidget, RunsOfTheSameNameAreToldApart) {
+  const TestDirectory directory;
+  OpenPlot open;
+  QMenu file;
+  QMenu other;
+  open.plot.FillMenus(file, other, other);
+  ASSERT_TRUE(open.plot.ExportTo("RUN.xy"));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(open.plot.OpenFile("RUN.xy"));
+  auto* const earlier = file.findChild<QMenu*>();
+  QMetaObject::invokeMethod(earlier, "aboutToShow");
+  ASSERT_EQ(earlier->actions().size(), 2);
+  const QRegularExpression with_time("^.+/RUN[.]xy, [0-9:]{8}$");
+  EXPECT_TRUE(with_time.match(earlier->actions().front()->text()).hasMatch());
+  earlier->actions().front()->trigger();
+  EXPECT_EQ(open.canvas.Model().Series().back().title, "RUN");
+  EXPECT_TRUE(with_time.match(open.canvas.graph(1)->name()).hasMatch()) << "in the legend too";
 }
 
 TEST(PlotWidget, OverlaysDifferenceAndEarlierPatterns) {
