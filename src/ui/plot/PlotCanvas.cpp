@@ -129,7 +129,9 @@ void PlotCanvas::Style() {
   QFont title_font = font();
   title_font.setBold(true);
   title_->setFont(title_font);
-  legend->setBrush(QBrush(colours_.ground));
+  QColor see_through = colours_.ground;
+  see_through.setAlphaF(0.8F);
+  legend->setBrush(QBrush(see_through));
   legend->setBorderPen(QPen(colours_.grid, 0));
   legend->setTextColor(colours_.text);
   legend->setFont(font());

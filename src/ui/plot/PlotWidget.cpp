@@ -228,6 +228,13 @@ void PlotWidget::ShowReading() {
   p.reading->setText(text);
 }
 
+void PlotWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  // Where the table would leave too little room beside it for the curves it stands below them.
+  const bool has_room = width() >= 2 * parts_->panel->sizeHint().width();
+  parts_->splitter->setOrientation(has_room ? Qt::Horizontal : Qt::Vertical);
+}
+
 void PlotWidget::ShowMessage(const QString& text) {
   parts_->message->setText(text);
   parts_->message->setVisible(!text.isEmpty());

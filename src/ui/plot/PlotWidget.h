@@ -64,6 +64,7 @@ class PlotWidget : public QWidget {
   void PeaksSaved(const QString& path);
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 

@@ -84,7 +84,10 @@ void MainWindow::MakeMenus() {
   view->addAction("&Next Area", QKeySequence("F6"), this, &MainWindow::GoToNextArea);
   view->addAction("&Page", QKeySequence("Alt+1"), this, [this] { Texts().setCurrentIndex(0); });
   view->addAction("&All Lines", QKeySequence("Alt+2"), this, [this] { Texts().setCurrentIndex(1); });
-  view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] { areas_->ShowPlot(); });
+  view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] {
+    areas_->ShowPlot();
+    areas_->Plot().currentWidget()->setFocus(Qt::ShortcutFocusReason);
+  });
   view->addAction("&Output of the Last Program", this, &MainWindow::OutputAsked);
   QMenu* const help = help_menu_ = menuBar()->addMenu("&Help");
   help->addAction("&Manual", QKeySequence("F1"), this, &MainWindow::OpenManual);
