@@ -56,6 +56,20 @@ void PickFile(const QString& path, PeakOptions options, std::ostream& output) {
   for (const std::string& notice : picked.notices) output << "  " << notice << '\n';
 }
 
+/// Where a file cannot be read the others are done nevertheless.
+int PickFiles(const ViewOptions& options, std::ostream& output, std::ostream& messages) {
+  int exit_code = kExitNormal;
+  for (const QString& file : options.files) {
+    try {
+      PickFile(FileOf(file), options.peaks, output);
+    } catch (const FatalIoError& error) {
+      messages << "talven-view: " << error.what() << '\n';
+      exit_code = kExitFatalIo;
+    }
+  }
+  return output.flush() ? exit_code : kExitFatalIo;
+}
+
 bool Load(PlotWidget& plot, const ViewOptions& options, std::ostream& messages) {
   for (const QString& argument : options.files) {
     if (plot.OverlayFile(FileOf(argument))) continue;
@@ -108,8 +122,7 @@ int RunTask(const ViewOptions& options, char** argv, std::ostream& output, std::
       output << "talven-view " TALVEN_VERSION "\n";
       break;
     case ViewTask::kPick:
-      for (const QString& file : options.files) PickFile(FileOf(file), options.peaks, output);
-      break;
+      return PickFiles(options, output, messages);
     default:
       return RunWithQt(options, argv, messages);
   }

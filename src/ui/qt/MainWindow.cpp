@@ -92,7 +92,10 @@ void MainWindow::MakeMenus() {
   view->addAction("&Next Area", QKeySequence("F6"), this, &MainWindow::GoToNextArea);
   view->addAction("&Page", QKeySequence("Alt+1"), this, [this] { Texts().setCurrentIndex(0); });
   view->addAction("&All Lines", QKeySequence("Alt+2"), this, [this] { Texts().setCurrentIndex(1); });
-  view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] { areas_->ShowPlot(); });
+  view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] {
+    areas_->ShowPlot();
+    areas_->Plot().currentWidget()->setFocus(Qt::ShortcutFocusReason);
+  });
   view->addAction("&Close Tab", QKeySequence("Ctrl+W"), this, [this] {
     if (Texts().CloseFront() && Form().Form() != nullptr) Form().Form()->TakeFocus();
   });

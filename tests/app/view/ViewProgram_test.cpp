@@ -53,8 +53,9 @@ TEST(TalvenView, ExportsWithoutADisplay) {
 TEST(TalvenView, PicksWithoutADisplay) {
   const TestDirectory directory;
   WriteMade("A.XY");
-  const Answer answer = RunView({"--pick", "--wavelength", "1.5406", "A.XY"});
-  EXPECT_EQ(answer.exit_code, 0) << answer.messages;
+  const Answer answer = RunView({"--pick", "--wavelength", "1.5406", "MISSING.XY", "A.XY"});
+  EXPECT_EQ(answer.exit_code, 1);
+  EXPECT_EQ(answer.messages.substr(0, 24), "talven-view: MISSING.XY:") << "the other is picked nevertheless";
   EXPECT_EQ(answer.output.substr(0, 21), "A.peaks.LST: 2 peaks\n") << answer.output;
   const std::string list = ReadFile("A.peaks.LST");
   EXPECT_NE(list.find("Radiation Wavelength   1.5406"), std::string::npos) << list;
