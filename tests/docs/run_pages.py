@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Runs the commands of the manual's pages, and looks whether their links lead somewhere.
+"""Runs the commands of the manual's pages, and looks whether their links lead somewhere and they say for whom they are.
 
 usage: run_pages.py SOURCE_FOLDER PROGRAM_FOLDER [PAGE...]
 
@@ -79,6 +79,12 @@ def dead_links(page):
     return faults
 
 
+def first_sentence_fault(page):
+    """Each page but README begins with for whom it is."""
+    first = page.read_text('utf-8').split('\n\n')[1]
+    return [] if page.name == 'README.md' or first.startswith('For ') else [page.name + ': for whom is it?']
+
+
 def run_page(page, samples, environment):
     """The faults of a page, and how many commands it has."""
     faults = []
@@ -106,7 +112,7 @@ def main():
     for page in pages:
         found, count = run_page(page, source / 'samples', environment)
         total += count
-        faults += found + dead_links(page)
+        faults += found + dead_links(page) + first_sentence_fault(page)
     print('\n'.join(faults + ['%d commands of %d pages, %d faults' % (total, len(pages), len(faults))]))
     return 1 if faults or total == 0 else 0
 
