@@ -1,12 +1,12 @@
 #!/usr/bin/python3
-"""Runs the commands of the manual's pages, and looks whether their links lead somewhere.
+"""Runs the commands of the manual's pages, and looks whether their links lead somewhere and they say for whom they are.
 
 usage: run_pages.py SOURCE_FOLDER PROGRAM_FOLDER [PAGE...]
 
-Indented lines that begin with `$ ` are commands; a line that ends with a backslash goes on in the next. The commands of
-a page run one after the other in a copy of the samples, and each has to end with exit code 0. Lines below a command are
-its output: each has to come in that order, blanks not compared; `...` stands for what is left out, lines or the rest of
-one.
+Indented lines that begin with `$ ` are commands; a line that ends with a backslash goes on in the next, and one with
+<<END in the lines up to END. The commands of a page run one after the other in a copy of the samples, and each has to
+end with exit code 0; one that opens a window has to keep it open. Lines below a command are its output: each has to come
+in that order, blanks not compared; `...` stands for what is left out, lines or the rest of one.
 """
 import os
 import pathlib
@@ -17,6 +17,8 @@ import sys
 import tempfile
 
 INDENT = '    '
+# These open a window and wait for the user.
+WINDOW = re.compile(r'talven( |$)|talven-view (?!--export|--pick|--help)')
 
 
 def commands_of(page):
@@ -35,8 +37,18 @@ def commands_of(page):
             found[-1][1] += '\n' + text
         else:
             found[-1][2].append(text)
-        goes_on = text.endswith('\\')
+            continue
+        is_text = re.search("<<'?END", found[-1][1]) and text != 'END'
+        goes_on = is_text or text.endswith('\\')
     return found
+
+
+def run(command, **settings):
+    """A command's exit code and output. A window is closed after a while, and is right to have waited."""
+    call = ['timeout', '2'] if WINDOW.match(command) else []
+    done = subprocess.run([*call, 'sh', '-c', command], text=True, timeout=60, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **settings)
+    return (0 if call and done.returncode == 124 else done.returncode or len(call)), done.stdout
 
 
 def missing_line(shown, output):
@@ -67,6 +79,12 @@ def dead_links(page):
     return faults
 
 
+def first_sentence_fault(page):
+    """Each page but README begins with for whom it is."""
+    first = page.read_text('utf-8').split('\n\n')[1]
+    return [] if page.name == 'README.md' or first.startswith('For ') else [page.name + ': for whom is it?']
+
+
 def run_page(page, samples, environment):
     """The faults of a page, and how many commands it has."""
     faults = []
@@ -76,26 +94,25 @@ def run_page(page, samples, environment):
         environment = {**environment, 'XDG_DATA_HOME': scratch + '/data', 'XDG_STATE_HOME': scratch + '/state'}
         commands = commands_of(page)
         for number, command, shown in commands:
-            done = subprocess.run(['sh', '-c', command], cwd=folder, env=environment, text=True, timeout=60,
-                                  stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            code, output = run(command, cwd=folder, env=environment)
             where = '%s:%d: %s' % (page.name, number, command)
-            missing = missing_line(shown, done.stdout)
-            if done.returncode != 0:
-                faults.append('%s\n  exit code %d\n%s' % (where, done.returncode, done.stdout))
+            missing = missing_line(shown, output)
+            if code != 0:
+                faults.append('%s\n  exit code %d\n%s' % (where, code, output))
             elif missing is not None:
-                faults.append('%s\n  the output has no line\n%s\n%s' % (where, missing, done.stdout))
+                faults.append('%s\n  the output has no line\n%s\n%s' % (where, missing, output))
     return faults, len(commands)
 
 
 def main():
-    source, programs = pathlib.Path(sys.argv[1]), sys.argv[2]
+    source, programs = pathlib.Path(sys.argv[1]), os.path.abspath(sys.argv[2])
     environment = {**os.environ, 'PATH': programs + os.pathsep + os.environ['PATH'], 'QT_QPA_PLATFORM': 'offscreen'}
     pages = [source / name for name in sys.argv[3:]] or sorted(source.glob('docs/*.md')) + [source / 'README.md']
     total, faults = 0, []
     for page in pages:
         found, count = run_page(page, source / 'samples', environment)
         total += count
-        faults += found + dead_links(page)
+        faults += found + dead_links(page) + first_sentence_fault(page)
     print('\n'.join(faults + ['%d commands of %d pages, %d faults' % (total, len(pages), len(faults))]))
     return 1 if faults or total == 0 else 0
 

@@ -7,6 +7,7 @@
 #include "crystal/CellGeometry.h"
 #include "crystal/ScatteringTables.h"
 #include "shelx/CellLine.h"
+#include "shelx/FcfListCode.h"
 #include "shelx/ReadReflections.h"
 #include "simulation/ModelReflections.h"
 #include "simulation/SymmetryExpansion.h"
@@ -81,6 +82,8 @@ void ReadMeasured(Run& run) {
   TextInput& text = run.files.reflections ? static_cast<TextInput&>(file) : embedded;
   const ReflectionReading reading = is_fcf ? ReadFcfReflections(text, cell, limits, run.data.list)
                                            : ReadHklReflections(text, cell, limits, run.data.list);
+  if (const auto hint = is_fcf ? HintForFcf(text.Name(), text.Content()) : std::nullopt)
+    run.job.notices.push_back(*hint);
   TellReading(reading, text, run.job.notices);
   run.job.rows = reading.rows_read;
   run.job.kept = reading.rows_kept;

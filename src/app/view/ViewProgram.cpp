@@ -27,6 +27,11 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::_Exit(kExitRefused);
 }
 
+/// While a picture is drawn off screen, where Qt warns of what a window could do there.
+void TellFaultsOnly(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "talven-view: %s\n", qPrintable(text));
+}
+
 std::filesystem::path PathOf(const QString& name) {
   return std::filesystem::path(name.toStdU16String());
 }
@@ -105,7 +110,7 @@ int RunWithQt(const ViewOptions& options, char** argv, std::ostream& messages) {
   const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
   int argument_count = 1;
   const QApplication application(argument_count, argv);
-  qInstallMessageHandler(usual);
+  qInstallMessageHandler(options.task == ViewTask::kExport ? TellFaultsOnly : usual);
   // The window system switches on the user's locale. Numbers keep their point.
   std::setlocale(LC_NUMERIC, "C");
   QGuiApplication::setDesktopFileName("talven-view");

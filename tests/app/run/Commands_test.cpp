@@ -307,6 +307,9 @@ TEST_F(RunCommands, RowsPassedOverAreCountedFromTheFirst) {
             "ABC.INS: ABC.FCF, line 5: 2 rows passed over from here on, for they do not hold seven texts with blanks "
             "between");
   EXPECT_EQ(ValueOf(fcf.output, "rows"), "2");
+  WriteFile("ABC.FCF", "_shelx_refln_list_code 6\n" + head + row);
+  EXPECT_EQ(LineOf(RunTool("simulate ABC.INS --data fcf").messages, 1).substr(0, 33),
+            "ABC.INS: ABC.FCF: holds LIST 6, a");
   WriteFile("ABC.HKL", HklRow(1, 0, 0, 1) + HklRow(1, 1, 0, 1) + HklRow(-1, 0, 0, 1) + HklRow(1, 1, 0, 1));
   EXPECT_EQ(RunTool("fcalc ABC.INS -o out").messages,
             "ABC.INS: ABC.HKL, line 3: 2 rows passed over from here on, for they repeat earlier ones\n");

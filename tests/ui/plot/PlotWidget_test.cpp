@@ -346,6 +346,27 @@ TEST(PlotWidget, PicturesAndDataAreWritten) {
   EXPECT_FALSE(open.plot.ExportTo("nowhere/plot.xy"));
 }
 
+/// The longest line of an SVG, as the places of its points along.
+std::vector<double> LongestLine(const std::string& svg) {
+  QString longest;
+  const QRegularExpression points("points=\"([^\"]*)\"");
+  for (const auto& match : points.globalMatch(QString::fromStdString(svg)))
+    if (match.captured(1).size() > longest.size()) longest = match.captured(1);
+  std::vector<double> along;
+  for (const QString& point : longest.split(' ', Qt::SkipEmptyParts)) along.push_back(point.split(',')[0].toDouble());
+  return along;
+}
+
+TEST(PlotWidget, APictureWiderThanThePlotHasAllItsPointsInTheirOrder) {
+  const TestDirectory directory;
+  PlotWidget plot;  // Never shown, as in talven-view --export.
+  plot.ShowPattern("SILICON", MadePattern());
+  ASSERT_TRUE(plot.ExportTo("wide.svg", QSize(8000, 400)));
+  const std::vector<double> along = LongestLine(ReadFile("wide.svg"));
+  EXPECT_GE(along.size(), MadePattern().PointCount());
+  EXPECT_TRUE(std::ranges::is_sorted(along));
+}
+
 TEST(PlotWidget, AFileThatCannotBeReadIsToldAndChangesNothing) {
   const TestDirectory directory;
   OpenPlot open;
