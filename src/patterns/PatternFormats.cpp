@@ -134,7 +134,7 @@ const auto kFirstFormats = std::to_array<Format>({
 #endif
 });
 
-/// Behind these a file without a known kind is refused if it holds a NUL.
+/// After these a file without a known kind is refused if it holds a NUL.
 const auto kTextFormats = std::to_array<Format>({
 #ifdef TALVEN_WITH_PUGIXML
     {{"XRDML", "xrdml xml", ""}, IsXrdml, ReadBytes<ReadXrdml>},

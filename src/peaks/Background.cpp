@@ -73,7 +73,7 @@ double SideOf(std::size_t i, std::size_t n) {
 std::vector<double> SolvePenalised(const std::vector<double>& y, const std::vector<double>& weights, double lambda) {
   const std::size_t n = y.size();
   if (n < 3) return y;
-  // L D L' with two diagonals below that of L: entries of D, and of L one and two columns behind.
+  // L D L' with two diagonals below that of L: entries of D, and for each column of L those one and two rows below it.
   std::vector<double> pivot(n);
   std::vector<double> first(n, 0.0);
   std::vector<double> second(n, 0.0);

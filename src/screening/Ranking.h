@@ -57,7 +57,7 @@ void SortFitted(std::vector<FittedRow>& rows);
 /// it is the same as, if there is one: a correlation above 0.999.
 std::vector<std::optional<std::size_t>> FindSame(const ScreenTarget& target, const std::vector<LineList>& best);
 
-/// The rows of the table: those of stage 2, best first, and behind them the ones that stage 2 was not for. `same` is
+/// The rows of the table: those of stage 2, best first, and after them the ones that stage 2 did not reach. `same` is
 /// that of the first rows of the table.
 std::vector<RankedRow> Rank(const std::vector<FittedRow>& fitted, const std::vector<CoarseRow>& coarse,
                             const std::vector<std::optional<std::size_t>>& same);

@@ -26,7 +26,7 @@ class FcfLines {
   static bool ArePassedOver(std::string_view line) {
     return line.starts_with('#') || CountLineTokens(line) != kList4Tokens;
   }
-  /// Whole numbers in the columns of h, k and l, and more behind them.
+  /// Whole numbers in the columns of h, k and l, and more after them.
   static bool LookLikeRows(std::string_view line) {
     for (std::size_t first = 1; first < 13; first += 4) {
       const std::string_view field = Trim(Columns(line, first, first + 3));
