@@ -38,6 +38,9 @@ set(CPACK_PACKAGE_DESCRIPTION
     "Simulates powder patterns from SHELX files and structure models, converts\nbetween pattern formats, picks peaks, compares peak lists and finds the\nstructure behind a measured pattern; in a window (talven), on a terminal\n(talven-console) or on many files at once (talven-run).")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+# Folders of a package are the same whatever umask it is made under.
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 set(CPACK_ARCHIVE_FILE_NAME talven-${PROJECT_VERSION})
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEB_COMPONENT_INSTALL ON)

@@ -126,6 +126,7 @@ TEST_F(RunCommands, SimulateGivesTheFilesOfOptions1And7) {
 }
 
 TEST_F(RunCommands, SymmetryMakesOfUniqueRowsWhatTheWholeListGives) {
+  if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
   EXPECT_EQ(RunTool("simulate whole/ABC.INS").messages, "") << "closed under its symmetry";
   const Outcome uneven = RunTool("simulate ABC.INS --no-expansion -o signs");
   EXPECT_TRUE(uneven.messages.starts_with("ABC.INS: the list is not closed under the symmetry of its structure: "));
@@ -159,6 +160,7 @@ TEST_F(RunCommands, TextbookPatternsHaveWidthAreaAndFactor) {
 }
 
 TEST_F(RunCommands, AModelIsCalculated) {
+  if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
   fs::remove("ABC.HKL");
   const Outcome outcome = RunTool("simulate ABC.INS --two-theta-max 60");
   EXPECT_EQ(outcome.exit_code, 0) << outcome.messages;
@@ -246,6 +248,7 @@ TEST_F(RunCommands, CompareGivesTheScoresAndTheLog) {
 }
 
 TEST_F(RunCommands, InfoTellsKindsApart) {
+  if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
   WriteFile("P.ING", kIng + "10 1\n10.05 2\n");
   WriteFile("R.LST", "   Radiation Wavelength   1.54056\n   Marked peaks\n10 1000\n20 2000\n");
   WriteFile("note.txt", "nothing\n");
@@ -298,6 +301,7 @@ TEST_F(RunCommands, FailuresNameFileAndReason) {
 }
 
 TEST_F(RunCommands, RowsPassedOverAreCountedFromTheFirst) {
+  if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
   const std::string head = "# h k l\nloop_\n _refln_index_h\n";
   const std::string row = "   1   0   0      400.00      401.00      1.00 o\n";
   const std::string touching = "   1   1   0-1234567.89-1234567.89      1.00 o\n";

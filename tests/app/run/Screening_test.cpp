@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "RunTool.h"
+#include "crystal/ScatteringTables.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
 
@@ -30,6 +31,9 @@ struct Screening : testing::Test, TestDirectory {
     WriteFile("BAD.INS", "TITL no cell\nHKLF 4\nEND\n");
     candidates_ = " C10.INS C11.INS C12.INS BAD.INS";
     for (int i = 3; i < 12; ++i) candidates_ += " C" + std::to_string(10 + i) + ".INS";
+  }
+  void SetUp() override {
+    if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
   }
   std::string candidates_;
 };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "crystal/ScatteringTables.h"
 #include "support/TestFiles.h"
 #include "ui/plot/MadePattern.h"
 
@@ -48,6 +49,7 @@ TEST(Ranking, OtherTextsAreRefusedByLine) {
 }
 
 TEST(Ranking, SticksStandAtTheFittedCell) {
+  if (!HasScatteringTables()) GTEST_SKIP() << "built without gemmi";
   const TestDirectory directory;
   WriteFile("SALT.ins",
             "TITL rock salt\nCELL 1.54056 5.64 5.64 5.64 90 90 90\nZERR 4 0 0 0 0 0 0\nLATT 4\nSFAC NA CL\nUNIT 4 4\n"
