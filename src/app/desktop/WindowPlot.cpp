@@ -34,8 +34,10 @@ void PutPlotInto(MainWindow& window) {
   window.SetCredits(PlotCredits());
   FillMenus(window, *plot);
   QObject::connect(&window, &MainWindow::PatternToShow, plot, [&window, plot](const QString& path) {
-    // By its ending it may be a pattern, as a CIF is; if it is none it is read as a text.
-    if (!plot->OpenFile(path) && !IsPatternFile(path)) window.Texts().OpenText(path);
+    // By its ending it may be a pattern, as a CIF is; if it is none it is read as a text. So is the PAT of a
+    // simulation, whose head tells no first angle.
+    const bool may_be_text = !IsPatternFile(path) || path.endsWith(".pat", Qt::CaseInsensitive);
+    if (!plot->OpenFile(path) && may_be_text) window.Texts().OpenText(path);
   });
 }
 

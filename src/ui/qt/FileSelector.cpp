@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include "ui/qt/Overlay.h"
 #include "ui/qt/QtText.h"
 
 namespace talven {
@@ -26,10 +27,11 @@ QStringList NameFilters(std::string_view filter, const QString& pattern) {
   return filters;
 }
 
-std::optional<QString> SelectFile(const FileQuestion& question, QWidget* parent) {
+std::optional<QString> SelectFile(const FileQuestion& question, QWidget* place) {
   const QString name = ToQString(question.name).trimmed();
   const bool is_pattern = name.contains('*') || name.contains('?');
-  QFileDialog dialog(parent, ToQString(question.title).trimmed(), QDir::currentPath());
+  QFileDialog dialog(place != nullptr ? place->window() : nullptr, ToQString(question.title).trimmed(),
+                     QDir::currentPath());
   dialog.setObjectName("files");
   dialog.setAcceptMode(QFileDialog::AcceptOpen);
   dialog.setFileMode(is_pattern ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -37,6 +39,7 @@ std::optional<QString> SelectFile(const FileQuestion& question, QWidget* parent)
   if (!is_pattern) dialog.selectFile(name);
   // The choosers of some desktops show no proposed name and accept nothing but a file that is there.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  if (place != nullptr) PlaceOver(dialog, *place);
   while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     const QString path = dialog.selectedFiles().constFirst();
     if (QFileInfo(path).absoluteDir().exists()) return QDir::toNativeSeparators(path);

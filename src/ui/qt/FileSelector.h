@@ -23,7 +23,7 @@ struct FileQuestion {
 QStringList NameFilters(std::string_view filter, const QString& pattern);
 
 /// Asks for a file in the current directory, and gives its full path; nothing after a cancel. Where a name is proposed
-/// it need not exist.
-std::optional<QString> SelectFile(const FileQuestion& question, QWidget* parent);
+/// it need not exist. The selector comes up over a part of a window, if there is one.
+std::optional<QString> SelectFile(const FileQuestion& question, QWidget* place);
 
 }  // namespace talven

@@ -116,13 +116,6 @@ void OutputWindow::Keep() {
   raise();
 }
 
-void OutputWindow::PlaceOver(const QWidget& part) {
-  const QRect place(part.mapToGlobal(QPoint()), part.size());
-  QRect own(QPoint(), size().boundedTo(place.size()).expandedTo(minimumSizeHint()));
-  own.moveCenter(place.center());
-  setGeometry(own);
-}
-
 void OutputWindow::closeEvent(QCloseEvent* event) {
   event->setAccepted(!IsRunning());
   if (!IsRunning()) emit Closed();

@@ -37,8 +37,6 @@ class OutputWindow : public QWidget {
   QString Text() const { return output_->toPlainText(); }
   /// Stays open until it is closed, whatever happens to the main window.
   void Keep();
-  /// Comes up beside what is to be read: over a part of the main window.
-  void PlaceOver(const QWidget& part);
 
  signals:
   void Closed();

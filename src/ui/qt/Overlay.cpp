@@ -44,4 +44,14 @@ void Overlay::Centre() {
   setGeometry(kMargin + (room.width() - width) / 2, kMargin + (room.height() - height) / 2, width, height);
 }
 
+void PlaceOver(QWidget& window, const QWidget& part) {
+  const QRect place(part.mapToGlobal(QPoint()), part.size());
+  const QRect whole(part.window()->mapToGlobal(QPoint()), part.window()->size());
+  QRect own(QPoint(), window.size().boundedTo(place.size()).expandedTo(window.minimumSizeHint()));
+  own.moveCenter(place.center());
+  own.moveLeft(std::max(whole.left(), std::min(own.left(), whole.right() + 1 - own.width())));
+  own.moveTop(std::max(whole.top(), std::min(own.top(), whole.bottom() + 1 - own.height())));
+  window.setGeometry(own);
+}
+
 }  // namespace talven

@@ -1,4 +1,4 @@
-// A panel in front of a part of the window, for message boxes.
+// What comes up in front of a part of the window: a panel for message boxes, and where other windows stand.
 #pragma once
 
 #include <QFrame>
@@ -23,5 +23,9 @@ class Overlay : public QFrame {
 
   QPointer<QWidget> content_;
 };
+
+/// Puts a window over a part of another one, no larger than that as far as it can be so small, and not over the other
+/// one's edge.
+void PlaceOver(QWidget& window, const QWidget& part);
 
 }  // namespace talven

@@ -8,6 +8,7 @@
 #include "ui/qt/GuiThread.h"
 #include "ui/qt/MainWindow.h"
 #include "ui/qt/OutputWindow.h"
+#include "ui/qt/Overlay.h"
 #include "ui/qt/QtText.h"
 #include "ui/qt/QtToolkit.h"
 
@@ -48,7 +49,7 @@ std::optional<int> QtToolkit::IOsCommand(std::string_view command, int flags) {
 
 std::optional<int> QtToolkit::RunProgram(const Command& command, const QString& title, int flags) {
   if (window_) {
-    output_->PlaceOver(*window_->MessagePlace());
+    PlaceOver(*output_, *window_->MessagePlace());
     window_->Status().ShowRunning(title);
   }
   const auto exit_code = output_->Run(command, title, (flags & kHidden) != 0);
@@ -72,7 +73,7 @@ void QtToolkit::KeepOutput() {
     output_->hide();
     return window_->Texts().ShowText(kOutputTitle, output_->Text());
   }
-  if (window_ && !output_->isVisible()) output_->PlaceOver(*window_->MessagePlace());
+  if (window_ && !output_->isVisible()) PlaceOver(*output_, *window_->MessagePlace());
   output_->Keep();
 }
 

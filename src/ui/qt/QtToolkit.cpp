@@ -281,7 +281,9 @@ std::optional<std::string> QtToolkit::AskFile(const FileRequest& request) {
     if (const auto opened = std::exchange(memory_->opened, std::nullopt))
       return FromQString(QDir(opened->folder).filePath(ToQString(request.proposed_name).trimmed()));
     ShowWaiting("A file is to be chosen");
-    const auto path = SelectFile({request.filter, request.proposed_name, request.title}, window_.get());
+    if (window_) window_->FitForm();
+    QWidget* const place = window_ ? window_->MessagePlace() : nullptr;
+    const auto path = SelectFile({request.filter, request.proposed_name, request.title}, place);
     if (window_) window_->activateWindow();
     ShowRunning();
     return path ? std::optional(FromQString(*path)) : std::nullopt;

@@ -62,6 +62,9 @@ void ExpectNames() {
 
 void PickPeaks(QDialog&) {
   EXPECT_TRUE(IsShown("SALT")) << Canvas().accessibleDescription().toStdString();
+  const QString pat = QString::fromStdString((std::filesystem::current_path() / "SALT.PAT").string());
+  emit Window().Status().FileAsked(pat);
+  EXPECT_EQ(Window().Texts().currentWidget()->objectName(), pat) << "it tells no angles";
   BringPlotToFront();
   Canvas().setFocus();
   QTest::keyClick(&Canvas(), Qt::Key_P, Qt::ControlModifier);

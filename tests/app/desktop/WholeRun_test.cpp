@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QProgressBar>
 #include <algorithm>
 #include <array>
@@ -140,6 +142,26 @@ TEST_F(DesktopProgram, ShowsHowFarALongListHasCome) {
   EXPECT_EQ(Run({kPath, "SALT", "C:"}, {choose_list, Press(Qt::Key_Return), leave}), 0);
   ASSERT_GT(shown.size(), 4U);
   EXPECT_TRUE(std::ranges::is_sorted(shown) && shown.back() > 80) << shown.back();
+}
+
+TEST_F(DesktopProgram, GoesFromADroppedFileToAPatternWithTwoButtons) {
+  const std::filesystem::path file = std::filesystem::absolute("SALT.INS");
+  std::filesystem::current_path("..");
+  const auto drop = [&file](QDialog&) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file.string()))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&Window(), &enter);
+    QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&Window(), &event);
+  };
+  const auto press_ok = [](QDialog& form) { Click(Field(form, 1)); };
+  const auto read = [](QDialog& box) {
+    EXPECT_EQ(dynamic_cast<MessageDialog&>(box).Text(), "SALT.ING (+CPI, XY, PAT) written");
+    QTest::keyClick(&box, Qt::Key_Return);
+  };
+  EXPECT_EQ(Run({kPath}, {drop, press_ok, press_ok, read, Press(Qt::Key_Escape)}), 0);
+  EXPECT_TRUE(Exists(file.parent_path() / "SALT.ING"));
 }
 
 TEST(DesktopStart, TakesOneFileThatIsThere) {

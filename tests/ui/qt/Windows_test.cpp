@@ -213,6 +213,8 @@ TEST_F(QtToolkitTest, FileSelectorMovesToTheFolderOfTheFile) {
   std::filesystem::create_directory(folder);
   for (const char* file : {"däta/PEAKS.lst", "däta/OTHER.HKL"}) WriteFile(file, "");
   const auto choose = [](QDialog& dialog) {
+    const QRect texts(Window().Texts().mapToGlobal(QPoint()), Window().Texts().size());
+    EXPECT_TRUE(!Window().HasPlotColumn() || !dialog.geometry().intersects(texts)) << "it covers no lines";
     AcceptName(dialog, "däta");
     auto* const list = dialog.findChild<QAbstractItemView*>("listView");
     EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
