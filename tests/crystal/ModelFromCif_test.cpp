@@ -88,7 +88,8 @@ TEST_F(ModelFromCifTest, RefusesWhatIsNoStructure) {
       {kCell + "_symmetry_equiv_pos_as_xyz x,y\n",
        "a.cif: expected a symmetry operator as -x, 1/2+y, -z, found \"x,y\""},
   };
-  for (const auto& [text, error] : cases) EXPECT_EQ(test::ErrorOf([&] { Read(text); }), error);
+  for (const auto& [text, error] : cases)
+    EXPECT_EQ(test::ErrorOf([&, &text = text] { Read(text); }), error);  // Clang 14 wants it named.
   for (const char* const text : {"CELL 1 1 1 1 90 90 90\n", "data_x\nloop_\n_a\n_b\n1\n",
                                  "\x7f"
                                  "ELF\1"})
