@@ -156,6 +156,7 @@ void PlotWidget::Redraw(bool keeps_view) {
     action->setEnabled(has_pattern);
   }
   p.save_peaks->setEnabled(has_pattern);
+  p.compare->setEnabled(has_pattern);
   if (has_overlay && p.model.Settings().shows_difference && !p.model.HasDifference()) {
     ShowMessage(p.model.Settings().up == UpScale::kLogarithm
                     ? tr("A difference has no logarithm: choose another scale to see it.")

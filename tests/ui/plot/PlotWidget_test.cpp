@@ -323,6 +323,10 @@ TEST(PlotWidget, SavedPeaksAreWhatTheComparisonReads) {
   ASSERT_EQ(list.count, 6);
   EXPECT_NEAR(list.TwoTheta[1], 28.442, 0.01);
   EXPECT_NEAR(list.Intensity[1], 4000.0, 150.0);
+  open.Key(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(open.plot.ComparePeaksWith("SILICON.peaks.LST"));
+  EXPECT_EQ(open.plot.Message().section("; ", 1).toStdString(), "without a partner 1 of 6 peaks there and 0 of 5 here.");
+  EXPECT_FALSE(open.plot.ComparePeaksWith("NONE.LST"));
 }
 
 TEST(PlotWidget, PicturesAndDataAreWritten) {
