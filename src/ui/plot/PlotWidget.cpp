@@ -232,7 +232,8 @@ void PlotWidget::ShowReading() {
 void PlotWidget::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   // Where the table would leave too little room beside it for the curves it stands below them.
-  const bool has_room = width() >= 2 * parts_->panel->sizeHint().width();
+  constexpr int kLeastForCurves = 400;
+  const bool has_room = width() >= parts_->panel->sizeHint().width() + kLeastForCurves;
   parts_->splitter->setOrientation(has_room ? Qt::Horizontal : Qt::Vertical);
 }
 

@@ -192,7 +192,10 @@ bool PlotWidget::ComparePeaksWith(const QString& path) {
     const float wavelength = ReadWavelength(file);
     PeakList reference;
     ReadPeakList(file, reference);
-    const auto score = ComparePeakLists(reference, wavelength, ListOf(p.picker.Listed()), ComparisonSettings());
+    ComparisonSettings settings;
+    // What the form of the comparison starts with: its field refuses the start value and keeps its own.
+    settings.SAF = 0.25F;
+    const auto score = ComparePeakLists(reference, wavelength, ListOf(p.picker.Listed()), settings);
     if (!score) {
       ShowMessage(tr("%1: one of the two lists has no peak.").arg(place.fileName()));
       return false;

@@ -325,7 +325,8 @@ TEST(PlotWidget, SavedPeaksAreWhatTheComparisonReads) {
   EXPECT_NEAR(list.Intensity[1], 4000.0, 150.0);
   open.Key(Qt::Key_Z, Qt::ControlModifier);
   ASSERT_TRUE(open.plot.ComparePeaksWith("SILICON.peaks.LST"));
-  EXPECT_EQ(open.plot.Message().section("; ", 1).toStdString(), "without a partner 1 of 6 peaks there and 0 of 5 here.");
+  EXPECT_EQ(open.plot.Message().section("; ", 1).toStdString(),
+            "without a partner 1 of 6 peaks there and 0 of 5 here.");
   EXPECT_FALSE(open.plot.ComparePeaksWith("NONE.LST"));
 }
 
