@@ -61,6 +61,7 @@ bool ExportPicture(PlotCanvas& canvas, const QString& path, QSize size, double s
   const std::optional<double> cursor = canvas.Cursor();
   canvas.SetColours(LightColours());
   canvas.SetCursor(std::nullopt);
+  canvas.FillCurves(size.width(), scale);
   const bool is_written = WritePicture(canvas, path, size, scale);
   canvas.SetColours(colours);
   canvas.SetCursor(cursor);

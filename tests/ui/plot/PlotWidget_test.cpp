@@ -13,6 +13,7 @@
 #include <QSlider>
 #include <QTest>
 #include <QToolBar>
+#include <algorithm>
 
 #include "comparison/PeakListFile.h"
 #include "support/TestFiles.h"
@@ -342,6 +343,10 @@ TEST(PlotWidget, PicturesAndDataAreWritten) {
   EXPECT_EQ(picture.pixelColor(3, 3), QColor(Qt::white)) << "on paper, whatever the window has";
   EXPECT_NE(ReadFile("plot.svg").find("SILICON"), std::string::npos);
   EXPECT_EQ(ReadFile("plot.pdf").substr(0, 5), "%PDF-");
+  PlotWidget unseen;
+  unseen.ShowPattern("SILICON", MadePattern());
+  EXPECT_TRUE(unseen.ExportTo("unseen.svg", QSize(2000, 800)));
+  EXPECT_GT(std::ranges::count(ReadFile("unseen.svg"), ','), 3000) << "as fine as the picture, not as the window";
   PlotWidget again;
   EXPECT_TRUE(again.OpenFile("plot.xy") && again.OverlayFile("plot.2.xy")) << again.Message().toStdString();
   EXPECT_EQ(again.findChild<PlotCanvas*>()->Model().Series()[0].pattern.counts, MadePattern().counts);
