@@ -2,7 +2,10 @@
 include(GNUInstallDirs)
 
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/talven)
-install(FILES packaging/copyright CITATION.cff DESTINATION ${doc})
+# Who cites what is installed needs its version.
+file(READ CITATION.cff citation)
+file(CONFIGURE OUTPUT CITATION.cff CONTENT "${citation}version: ${PROJECT_VERSION}\n" @ONLY)
+install(FILES packaging/copyright ${CMAKE_CURRENT_BINARY_DIR}/CITATION.cff DESTINATION ${doc})
 install(FILES packaging/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libtalven-dev COMPONENT dev)
 # The pages of the manual, which F1 opens in the window, and the jobs to try.
 install(DIRECTORY docs/ DESTINATION ${doc} FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
@@ -57,6 +60,9 @@ if(TARGET talven_formats_zip)
 endif()
 if(TARGET talven_formats_xylib)
   list(APPEND dev_depends libxy-dev)
+endif()
+if(TALVEN_GEMMI_LIBRARY)
+  list(APPEND dev_depends gemmi-dev)
 endif()
 list(JOIN dev_depends ", " CPACK_DEBIAN_DEV_PACKAGE_DEPENDS)
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libtalven-dev)

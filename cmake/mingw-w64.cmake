@@ -11,7 +11,7 @@ set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
 # would hide those of Windows.
 get_property(is_trial GLOBAL PROPERTY IN_TRY_COMPILE)
 if(NOT is_trial)
-  foreach(folder gemmi tao stb CLI)
+  foreach(folder gemmi tao CLI)
     if(EXISTS /usr/include/${folder})
       file(COPY /usr/include/${folder} DESTINATION ${CMAKE_BINARY_DIR}/headers/include)
     endif()

@@ -11,7 +11,7 @@ namespace talven {
 namespace {
 
 constexpr int kPoints = 100'000;
-constexpr int kOverlays = 20;
+constexpr unsigned kOverlays = 20;
 
 /// Noise and a peak every half degree: a curve that has something to draw in every column.
 Pattern Made(unsigned seed) {
@@ -28,9 +28,9 @@ Pattern Made(unsigned seed) {
 }
 
 struct Fixture {
-  explicit Fixture(const PlotSettings& settings) {
+  explicit Fixture(const PlotSettings& settings, unsigned overlays = kOverlays) {
     model.Show({"pattern", Made(1)});
-    for (unsigned i = 0; i < kOverlays; ++i) model.AddOverlay({"overlay", Made(i + 2)});
+    for (unsigned i = 0; i < overlays; ++i) model.AddOverlay({"overlay", Made(i + 2)});
     model.Set(settings);
     canvas.resize(1600, 900);
     canvas.show();
@@ -43,8 +43,8 @@ struct Fixture {
 };
 
 /// Draws the curves and the window. Each frame has another view, so that nothing can be kept.
-void BM_Frame(benchmark::State& state, PlotSettings settings) {
-  Fixture fixture(settings);
+void BM_Frame(benchmark::State& state, PlotSettings settings, unsigned overlays = kOverlays) {
+  Fixture fixture(settings, overlays);
   const PlotRange all = fixture.model.FullAlong();
   const double share = 1.0 / static_cast<double>(state.range(0));
   const double width = (all.upper - all.lower) * share;
@@ -58,7 +58,22 @@ void BM_Frame(benchmark::State& state, PlotSettings settings) {
   }
 }
 
+/// What a moving cursor costs, until the window is painted.
+void BM_Cursor(benchmark::State& state) {
+  Fixture fixture({});
+  int frame = 0;
+  for (auto _ : state) {
+    fixture.canvas.SetCursor(20.0 + 0.5 * (frame++ % 100));
+    QApplication::processEvents();
+  }
+}
+BENCHMARK(BM_Cursor)->Unit(benchmark::kMillisecond);
+
 BENCHMARK_CAPTURE(BM_Frame, measured, PlotSettings{})
+    ->RangeMultiplier(10)
+    ->Range(1, 1000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Frame, few_and_smooth, PlotSettings{}, 3)
     ->RangeMultiplier(10)
     ->Range(1, 1000)
     ->Unit(benchmark::kMillisecond);

@@ -18,14 +18,16 @@ std::size_t ArgumentLength(std::string_view argument) {
 }
 
 void PrintUsage(std::string_view program, std::ostream& stream) {
+  const bool has_window = program == "talven";
+  stream << "usage: " << program << " [JOB DRIVE [MOLPAK]]\n";
+  if (has_window) stream << "       " << program << " --open FILE\n";
+  stream << "\n"
+            "  JOB     name of the job, at most 20 characters: its files are JOB.INS, JOB.HKL and so on\n"
+            "  DRIVE   drive letter of the installation, as C or C:\n"
+            "  MOLPAK  runs option 5 once, an automatic job with fixed settings and no questions\n";
+  if (has_window) stream << "  FILE    a file of a job: its name gives the job, its place the directory\n";
   stream
-      << "usage: " << program
-      << " [JOB DRIVE [MOLPAK]]\n"
-         "\n"
-         "  JOB     name of the job, at most 20 characters: its files are JOB.INS, JOB.HKL and so on\n"
-         "  DRIVE   drive letter of the installation, as C or C:\n"
-         "  MOLPAK  runs option 5 once, an automatic job with fixed settings and no questions\n"
-         "\n"
+      << "\n"
          "Without arguments the job and its directory are asked for. With a job the working directory is the one in\n"
          "the directory file DRIVE:\\exe\\VELDOR\\DIR.DEF, which every start without arguments rewrites.\n"
          "\n"

@@ -1,5 +1,6 @@
 #include <array>
 #include <cmath>
+#include <cstdint>  // Before gemmi, of which some versions need it and leave it out.
 #include <gemmi/elem.hpp>
 #include <gemmi/fprime.hpp>
 #include <gemmi/it92.hpp>
@@ -20,6 +21,15 @@ gemmi::El ElementOf(std::string_view symbol) {
   if (symbol.empty() || symbol.size() > 2) return gemmi::El::X;
   const gemmi::El element = gemmi::find_element(std::string(symbol).c_str());
   return element == gemmi::El::D ? gemmi::El::H : element;
+}
+
+/// Of the neutral atom; later versions of gemmi ask for the charge.
+template <typename Table>
+const auto& NeutralCoefficients(gemmi::El element) {
+  if constexpr (requires { Table::get(element); })
+    return Table::get(element);
+  else
+    return Table::get(element, 0);
 }
 
 void SetDispersion(Scatterer& scatterer, double wavelength) {
@@ -45,7 +55,7 @@ std::optional<Scatterer> FindScatterer(std::string_view label) {
   const gemmi::El element = ElementOf(label);
   if (element == gemmi::El::X || !gemmi::IT92<double>::has(element)) return std::nullopt;
   Scatterer result{.label = std::string(label), .atomic_number = static_cast<int>(element), .form = {}};
-  const auto& coefficients = gemmi::IT92<double>::get(element);
+  const auto& coefficients = NeutralCoefficients<gemmi::IT92<double>>(element);
   for (int i = 0; i < 4; ++i) {
     result.form.a[static_cast<std::size_t>(i)] = coefficients.a(i);
     result.form.b[static_cast<std::size_t>(i)] = coefficients.b(i);

@@ -129,9 +129,13 @@ void WriteDummyList(DummyRun& r) {
   cell = ReadCellLine(r.ins).value_or(cell);  // On purpose: without a CELL line the run goes on with the one there is.
   HklLimits limits = LimitsOf(cell);
   const AbsenceRule rule = r.IsAutomatic() ? RuleOfLattice(r.census.LatticeLetter) : AskLimitsAndAbsence(r.ui, limits);
-  const ReciprocalCell reciprocal = DeriveDummyCell(cell);
-  ShowCell(r.ui, cell, reciprocal.Volume, limits);
-  WriteDummyReflections(reciprocal, cell.Wavelength, limits, rule, r.hkl);
+  const DummyList list{DeriveDummyCell(cell), cell.Wavelength, limits, rule};
+  ShowCell(r.ui, cell, list.cell.Volume, limits);
+  const std::int64_t layers = LayerCount(limits);
+  for (std::int64_t h = 0; h < layers; ++h) {
+    r.ui.toolkit.TellProgress(h, layers);
+    WriteDummyLayer(list, h, r.hkl);
+  }
   r.ui.ShowLine(" ");
   r.ins.Close();
   r.hkl.Close();

@@ -1,5 +1,6 @@
 #include "handlers/SimulatePattern.h"
 
+#include <algorithm>
 #include <string>
 
 #include "crystal/CellGeometry.h"
@@ -16,6 +17,9 @@
 
 namespace talven {
 namespace {
+
+/// After so many rows of a pattern it is told how far the run has come.
+constexpr std::size_t kToldRows = 200;
 
 /// The files of one run. The input files stand open as long as the outputs.
 struct RunFiles {
@@ -169,13 +173,17 @@ void WriteHeads(Run& r) {
   FailAtLine(scratch.Name(), static_cast<std::size_t>(wide.point), "a bin sum that fits ten columns", "**********");
 }
 
-void WriteRows(const Pattern& pattern, RunFiles& files) {
+void WriteRows(Toolkit& toolkit, const Pattern& pattern, RunFiles& files) {
   WriteSimulatedIngHead(pattern, files.ing);
   SimulatedIngRows ing_rows(pattern);
-  for (std::size_t i = 0; i < pattern.PointCount(); ++i) {
-    WriteCpiRow(pattern, i, files.cpi);
-    WriteXyRow(pattern, i, files.xy);
-    ing_rows.WriteNext(files.ing);
+  const std::size_t count = pattern.PointCount();
+  for (std::size_t first = 0; first < count; first += kToldRows) {
+    toolkit.TellProgress(static_cast<std::int64_t>(first), static_cast<std::int64_t>(count));
+    for (std::size_t i = first; i < std::min(first + kToldRows, count); ++i) {
+      WriteCpiRow(pattern, i, files.cpi);
+      WriteXyRow(pattern, i, files.xy);
+      ing_rows.WriteNext(files.ing);
+    }
   }
   WritePatRows(pattern, files.pat);
 }
@@ -204,7 +212,7 @@ void SimulatePattern(Ui& ui, RunState& run, SimulationData& data, const Simulati
     ShowSummary(r);
     WriteHeads(r);
     if (r.result.wide_bin_sum) FailReadingBack(*r.result.wide_bin_sum, r.files.scratch);
-    WriteRows(data.pattern, r.files);
+    WriteRows(ui.toolkit, data.pattern, r.files);
   }
   CloseFiles(r.files);
   if (outcome == Outcome::kGoOn) ShowEnd(r);

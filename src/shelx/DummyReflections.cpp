@@ -76,17 +76,21 @@ ReciprocalCell DeriveDummyCell(const UnitCell& cell) {
   return DeriveReciprocalCell(cell, VolumeCosines::kUnrounded);
 }
 
-void WriteDummyReflections(const ReciprocalCell& cell, float wavelength, const HklLimits& limits, AbsenceRule rule,
-                           TextOutput& hkl) {
-  const Index KMax = limits.KMax;
-  const Index LMax = limits.LMax;
-  if (KMax < 0 || LMax < 0) return;  // The empty loop may stand within others that would take years.
-  for (Index h = 0; h <= limits.HMax; ++h)
-    for (Index k = -KMax; k <= KMax; ++k)
-      for (Index l = h == 0 ? 0 : -LMax; l <= LMax; ++l) {
-        if ((h == 0 && k == 0 && l == 0) || IsAbsent(rule, h, k, l)) continue;
-        WriteReflection(cell, wavelength, h, k, l, hkl);
-      }
+std::int64_t LayerCount(const HklLimits& limits) {
+  // Empty layers may be so many that to go through them would take years.
+  if (limits.HMax < 0 || limits.KMax < 0 || limits.LMax < 0) return 0;
+  return std::int64_t{limits.HMax} + 1;
+}
+
+void WriteDummyLayer(const DummyList& list, std::int64_t h, TextOutput& hkl) {
+  const Index KMax = list.limits.KMax;
+  const Index LMax = list.limits.LMax;
+  const float wavelength = list.wavelength;
+  for (Index k = -KMax; k <= KMax; ++k) {
+    const Index first = h != 0 ? -LMax : k != 0 ? 0 : 1;
+    for (Index l = first; l <= LMax; ++l)
+      if (!IsAbsent(list.rule, h, k, l)) WriteReflection(list.cell, wavelength, h, k, l, hkl);
+  }
 }
 
 }  // namespace talven

@@ -29,10 +29,20 @@ AbsenceRule RuleOfLattice(std::int32_t letter);
 /// the simulator's in the last digits.
 ReciprocalCell DeriveDummyCell(const UnitCell& cell);
 
-/// Writes the half of the box with h of 0 and above, without (0,0,0). The rows with h = 0 have no negative l; (0,k,0)
-/// and (0,-k,0) are both there on purpose. Nothing is left out for its Bragg angle at the wavelength in Angstrom: where
-/// sin theta passes 1 the 2theta column holds 0.90. A limit below 0 leaves no rows.
-void WriteDummyReflections(const ReciprocalCell& cell, float wavelength, const HklLimits& limits, AbsenceRule rule,
-                           TextOutput& hkl);
+/// The list's layers, one for each h from 0 on. A limit below 0 leaves none.
+std::int64_t LayerCount(const HklLimits& limits);
+
+/// What all layers of a list have in common; the wavelength in Angstrom.
+struct DummyList {
+  ReciprocalCell cell;
+  float wavelength = 0.0F;
+  HklLimits limits;
+  AbsenceRule rule = AbsenceRule::kNone;
+};
+
+/// Writes the rows of one h, from 0 on. The rows with h = 0 have no negative l, and (0,0,0) is left out; (0,k,0) and
+/// (0,-k,0) are both there on purpose. Nothing is left out for its Bragg angle: where sin theta passes 1 the 2theta
+/// column holds 0.90.
+void WriteDummyLayer(const DummyList& list, std::int64_t h, TextOutput& hkl);
 
 }  // namespace talven

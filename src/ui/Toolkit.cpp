@@ -135,12 +135,16 @@ void Toolkit::WSelectFile(std::string_view filter, int flags, std::string& name,
   const auto chosen = AskFile({filter, name, std::string(title)});
   outcome_ = chosen ? 1 : 0;
   if (chosen) name = *chosen;
+  std::error_code error;
+  std::filesystem::path current = std::filesystem::current_path(error);
   if (chosen && (flags & kKeepDirectory) != 0) {
-    std::error_code error;
     const std::filesystem::path directory = ToPath(name).parent_path();
-    if (directory != std::filesystem::current_path(error)) std::filesystem::current_path(directory, error);
+    if (directory != current) {
+      std::filesystem::current_path(directory, error);
+      current = std::filesystem::current_path(error);
+    }
   }
-  ShowDirectory();
+  ShowDirectory(FromPath(current));
 }
 
 int Toolkit::WDialogQuery(int what) const {

@@ -108,6 +108,8 @@ class Toolkit {
   virtual void JobSettled(std::string_view /*job*/) {}
   /// A remark on an input, in one line, apart from pane and boxes: what is the matter with it and what helps.
   virtual void TellHint(std::string_view /*hint*/) {}
+  /// So much of what runs is done; `total` is above 0. For toolkits that show it.
+  virtual void TellProgress(std::int64_t /*done*/, std::int64_t /*total*/) {}
 
   // Questions. The outcome stands in WDialogQuery(4).
   void WMessageBox(const Message& message);
@@ -156,8 +158,8 @@ class Toolkit {
   virtual int AskMessage(const Message& message) = 0;
   /// The full path of the chosen file, or nothing after a cancel. May change the current directory on the way.
   virtual std::optional<std::string> AskFile(const FileRequest& request) = 0;
-  /// A file selector has been answered, and the current directory changed if it was to be.
-  virtual void ShowDirectory() {}
+  /// A file selector has been answered, and the current directory, `directory` now, changed if it was to be.
+  virtual void ShowDirectory(std::string_view /*directory*/) {}
 
  private:
   FormState* Find(int id);

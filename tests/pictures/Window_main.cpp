@@ -5,9 +5,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <functional>
@@ -93,8 +94,9 @@ class Studio {
       if (use) use(form);
       // Without what is around it, as the manual shows it.
       if (!use) form.parentWidget()->grab().save(folder_ + "/only-" + name + ".png");
+      if (!form.isVisible()) return;
       Take(name);
-      if (form.isVisible()) form.EndAsItStands();
+      form.EndAsItStands();
     }});
     toolkit_.WDialogLoad(id);
     toolkit_.WDialogShow(-1, -1, 0, kModal);
@@ -158,6 +160,11 @@ void TakeRun(Studio& studio) {
   MainWindow& window = studio.Window();
   studio.TakeForm(kOptionForm, "run-viewer",
                   [&](FormDialog&) { emit window.Status().FileAsked(QDir::current().filePath("SBRAG.LST")); });
+  studio.TakeForm(kPatternForm, "run-plot",
+                  [&](FormDialog&) { emit window.Status().FileAsked(QDir::current().filePath("ABC.ING")); });
+  studio.GetToolkit().TellProgress(2, 5);
+  QTest::qWait(600);
+  studio.Take("progress");
 }
 
 /// What stands around the forms.
@@ -175,7 +182,7 @@ void TakeSurroundings(Studio& studio) {
       if (action->text().contains("About")) action->trigger();
   });
   for (QDialog* const dialog : window.findChildren<QDialog*>("about")) dialog->close();
-  on_form("menu", [&] { QTest::keyClick(&window, Qt::Key_H, Qt::AltModifier); });
+  on_form("menu", [&] { window.menuBar()->setActiveAction(window.HelpMenu().menuAction()); });
   if (QWidget* const menu = QApplication::activePopupWidget()) menu->close();
 }
 
@@ -213,7 +220,6 @@ int main(int argc, char** argv) {
   const QTemporaryDir state;
   qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
   const talven::DesktopSession session(argv);
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
   if (std::string_view(argv[2]) == "dark") QApplication::setPalette(talven::test::DarkPalette());
   const QString folder = QFileInfo(argv[1]).absoluteFilePath();
   QDir().mkpath(folder);

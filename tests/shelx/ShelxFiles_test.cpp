@@ -1,6 +1,7 @@
 // The texts of SHELX files in and out, in memory.
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 
 #include "crystal/CellGeometry.h"
@@ -79,10 +80,11 @@ TEST(HklFromFcf, LeavesOutRowsFromTheFirstThatIsTooLargeOn) {
   }
 }
 
-/// A list as far as a limit of 2 in all directions, at a wavelength of 1 Angstrom in a cubic cell of 2.9 Angstrom.
-std::string DummyList(AbsenceRule rule) {
+/// A list as far as some limits, at a wavelength of 1 Angstrom in a cubic cell of 2.9 Angstrom.
+std::string WrittenList(AbsenceRule rule, const HklLimits& limits = {2, 2, 2}) {
   OutputText hkl;
-  WriteDummyReflections(DeriveDummyCell({1.0F, 2.9F, 2.9F, 2.9F, 90.0F, 90.0F, 90.0F}), 1.0F, {2, 2, 2}, rule, hkl);
+  const DummyList list{DeriveDummyCell({1.0F, 2.9F, 2.9F, 2.9F, 90.0F, 90.0F, 90.0F}), 1.0F, limits, rule};
+  for (std::int64_t h = 0; h < LayerCount(limits); ++h) WriteDummyLayer(list, h, hkl);
   return hkl.Text();
 }
 
@@ -93,11 +95,18 @@ TEST(DummyReflections, LeaveOutAGeneralAbsence) {
                                                       {'C', 33, "   1  -1   2", "   1   0   0"},
                                                       {'F', 18, "   1  -1   1", "   1   1   0"},
                                                       {'I', 32, "   1  -1   0", "   2   0  -1"}}) {
-    const std::string list = DummyList(RuleOfLattice(letter));
+    const std::string list = WrittenList(RuleOfLattice(letter));
     EXPECT_EQ(CountLines(list), rows) << letter;
     EXPECT_TRUE(Count(list, std::string(present) + "  100.00") == 1 &&
                 Count(list, std::string(absent) + "  100.00") == 0);
   }
+}
+
+TEST(DummyReflections, ALimitBelowZeroLeavesNoRows) {
+  constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+  for (const HklLimits& limits : {HklLimits{-1, 2, 2}, {kMost, -1, 2}, {kMost, 2, -1}})
+    EXPECT_EQ(WrittenList(AbsenceRule::kNone, limits), "");
+  EXPECT_EQ(CountLines(WrittenList(AbsenceRule::kNone, {1, 0, 0})), 1);
 }
 
 TEST(NormaliseIns, BlankLinesAreAsLongAsTheOneBefore) {

@@ -29,6 +29,7 @@ void FillMenus(MainWindow& window, PlotWidget& plot) {
 
 void PutPlotInto(MainWindow& window) {
   auto* const plot = new PlotWidget;
+  plot->setAccessibleName("Plot");
   window.SetPlot(plot, PatternEndings());
   window.SetCredits(PlotCredits());
   FillMenus(window, *plot);

@@ -50,13 +50,29 @@ void PickFile(const QString& path, PeakOptions options, std::ostream& output) {
   if (file.pattern.wavelength) options.wavelength = file.pattern.wavelength;
   const PickedPeaks picked = PickPeaks(file.pattern, options);
   const std::string name = QFileInfo(path).completeBaseName().toStdString() + std::string(kPeakListSuffix);
+  const Folder folder;
+  folder.Delete(name);  // Should it be a link, what it points to stays.
   OutputFile list;
-  list.Open(Folder(), name);
+  list.Open(folder, name);
   WritePeakList(picked.peaks, picked.wavelength, list);
   list.Close();
   output << name << ": " << picked.peaks.size() << " peaks\n";
   for (const std::string& notice : file.notices) output << "  " << notice << '\n';
   for (const std::string& notice : picked.notices) output << "  " << notice << '\n';
+}
+
+/// Where a file cannot be read the others are done nevertheless.
+int PickFiles(const ViewOptions& options, std::ostream& output, std::ostream& messages) {
+  int exit_code = kExitNormal;
+  for (const QString& file : options.files) {
+    try {
+      PickFile(FileOf(file), options.peaks, output);
+    } catch (const FatalIoError& error) {
+      messages << "talven-view: " << error.what() << '\n';
+      exit_code = kExitFatalIo;
+    }
+  }
+  return output.flush() ? exit_code : kExitFatalIo;
 }
 
 bool Load(PlotWidget& plot, const ViewOptions& options, std::ostream& messages) {
@@ -111,8 +127,7 @@ int RunTask(const ViewOptions& options, char** argv, std::ostream& output, std::
       output << "talven-view " TALVEN_VERSION "\n";
       break;
     case ViewTask::kPick:
-      for (const QString& file : options.files) PickFile(FileOf(file), options.peaks, output);
-      break;
+      return PickFiles(options, output, messages);
     default:
       return RunWithQt(options, argv, messages);
   }

@@ -86,8 +86,8 @@ int ConsoleToolkit::RunForm(FormState& form) {
   return ButtonAtEnd(form);
 }
 
-void ConsoleToolkit::ShowDirectory() {
-  Tell(std::string("[folder] ").append(IOsDirName()).append("\n"));
+void ConsoleToolkit::ShowDirectory(std::string_view directory) {
+  Tell(std::string("[folder] ").append(directory).append("\n"));
 }
 
 int ConsoleToolkit::AskMessage(const Message& message) {

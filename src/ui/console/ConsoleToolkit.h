@@ -41,7 +41,7 @@ class ConsoleToolkit : public Toolkit {
   void HideForm(const FormState&) override {}
   int AskMessage(const Message& message) override;
   std::optional<std::string> AskFile(const FileRequest& request) override;
-  void ShowDirectory() override;
+  void ShowDirectory(std::string_view directory) override;
 
  private:
   /// Sends the pane lines on their way: before anything is asked, another program started or the window closed. Throws

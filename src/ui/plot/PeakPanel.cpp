@@ -48,10 +48,12 @@ PeakPanel::PeakPanel(QWidget* parent) : QWidget(parent) {
   summary_->setObjectName("peakSummary");
   summary_->setWordWrap(true);
   table_ = new PeakTable(this);
-  for (QWidget* const widget : {static_cast<QWidget*>(is_measured_), static_cast<QWidget*>(keep_alpha2_),
-                                static_cast<QWidget*>(summary_), static_cast<QWidget*>(table_)}) {
-    layout()->addWidget(widget);
-  }
+  auto* const boxes = new QHBoxLayout;
+  for (QCheckBox* const box : {is_measured_, keep_alpha2_}) boxes->addWidget(box);
+  boxes->addStretch();
+  static_cast<QVBoxLayout*>(layout())->addLayout(boxes);
+  layout()->addWidget(summary_);
+  layout()->addWidget(table_);
   connect(threshold_, &QSlider::valueChanged, this, [this](int step) { emit ThresholdChosen(step * kThresholdStep); });
   connect(width_, &QSlider::valueChanged, this, [this](int step) { emit WidthChosen(WidthOf(step)); });
   connect(is_measured_, &QCheckBox::toggled, this, [this](bool is_measured) {

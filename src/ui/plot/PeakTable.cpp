@@ -110,7 +110,7 @@ PeakTable::PeakTable(QWidget* parent)
 }
 
 QSize PeakTable::sizeHint() const {
-  constexpr int kColumns = 56;
+  constexpr int kColumns = 68;
   return {fontMetrics().averageCharWidth() * kColumns, QTableView::sizeHint().height()};
 }
 

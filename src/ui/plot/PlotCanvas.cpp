@@ -4,14 +4,15 @@
 #include <cmath>
 
 #include "ui/plot/AxisTickers.h"
-#include "ui/plot/ColumnGraph.h"
+#include "ui/plot/ColumnCurves.h"
+#include "ui/plot/PlotAccessible.h"
 #include "ui/plot/PlotMarks.h"
 
 namespace talven {
 namespace {
 
-/// More curves than this are drawn one pixel wide and without smooth edges, so that a frame keeps its time.
-constexpr std::size_t kSmoothCurves = 4;
+/// More points than this are drawn without smooth edges, so that a frame keeps its time.
+constexpr std::size_t kSmoothPoints = 13'000;
 /// Zooming further than this share of a degree, an Angstrom or 1/Angstrom shows nothing new.
 constexpr double kNarrowest = 1e-4;
 
@@ -27,12 +28,14 @@ QVector<double> ToVector(const std::vector<double>& values) {
 
 PlotCanvas::PlotCanvas(const PlotModel& model, const PeakPicker& picker, QWidget* parent)
     : QCustomPlot(parent), model_(model), picker_(picker), colours_(ColoursFor(palette())) {
+  InstallPlotAccessible();
   setObjectName("plot");
   setAccessibleName("Plot");
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setMinimumSize(240, 160);
   SetUpAxes();
+  new ColumnPicture(*this);
   marks_ = new PlotMarks(*this);
   connect(this, &QCustomPlot::beforeReplot, this, &PlotCanvas::FillCurves);
   Update(false);
@@ -76,7 +79,7 @@ void PlotCanvas::MatchGraphs() {
   clearGraphs();
   const auto& series = model_.Series();
   for (std::size_t i = 0; i < series.size(); ++i) {
-    AddCurve(QString::fromStdString(series[i].title));
+    AddCurve(QString::fromStdString(model_.CurveName(i)));
   }
   // Behind the curves of the patterns, with or without points: background and difference.
   AddCurve("Background");
@@ -126,16 +129,13 @@ void PlotCanvas::Style() {
   QFont title_font = font();
   title_font.setBold(true);
   title_->setFont(title_font);
-  legend->setBrush(QBrush(colours_.ground));
+  QColor see_through = colours_.ground;
+  see_through.setAlphaF(0.8F);
+  legend->setBrush(QBrush(see_through));
   legend->setBorderPen(QPen(colours_.grid, 0));
   legend->setTextColor(colours_.text);
   legend->setFont(font());
-  const std::size_t count = model_.Series().size();
-  for (int i = 0; i < graphCount(); ++i) {
-    const bool is_smooth = count <= kSmoothCurves;
-    graph(i)->setPen(QPen(colours_.Curve(static_cast<std::size_t>(i)), is_smooth ? 1.0 : 0.0));
-    graph(i)->setAntialiased(is_smooth);
-  }
+  for (int i = 0; i < graphCount(); ++i) graph(i)->setPen(QPen(colours_.Curve(static_cast<std::size_t>(i)), 1.0));
   graph(graphCount() - 2)->setPen(QPen(colours_.background_curve, 1.0, Qt::DashLine));
   graph(graphCount() - 1)->setPen(QPen(colours_.difference, 1.0));
 }
@@ -148,14 +148,19 @@ void PlotCanvas::ReserveTickStrip() {
 void PlotCanvas::FillCurves() {
   const PlotRange along = AlongRange();
   const std::size_t count = model_.Series().size();
-  const double pixels = count <= kSmoothCurves ? std::ceil(devicePixelRatioF()) : 1.0;
-  const auto columns = static_cast<std::size_t>(std::max(width(), 200) * pixels);
   // A window that appears draws before anybody said that the model changed.
   if (static_cast<std::size_t>(graphCount()) != count + 2) {
     MatchGraphs();
     Style();
   }
-  for (std::size_t i = 0; i < count; ++i) FillCurve(static_cast<int>(i), model_.CurveOf(i, along, columns));
+  const auto pixels = static_cast<std::size_t>(std::max(width(), 200));
+  const std::size_t fine_columns = pixels * static_cast<std::size_t>(std::ceil(devicePixelRatioF()));
+  const bool is_smooth = model_.DrawnPoints(along, fine_columns) <= kSmoothPoints;
+  const std::size_t columns = is_smooth ? fine_columns : pixels;
+  for (std::size_t i = 0; i < count; ++i) {
+    graph(static_cast<int>(i))->setAntialiased(is_smooth);
+    FillCurve(static_cast<int>(i), model_.CurveOf(i, along, columns));
+  }
   const std::vector<double>& background = picker_.Background();
   const bool has_background =
       shows_peaks_ && count > 0 && background.size() == model_.Series().front().pattern.PointCount();
@@ -179,6 +184,20 @@ void PlotCanvas::SetView(const PlotRange& along, const PlotRange& up) {
   if (along.upper - along.lower > kNarrowest) xAxis->setRange(along.lower, along.upper);
   if (up.upper > up.lower) yAxis->setRange(up.lower, up.upper);
   replot(rpQueuedReplot);
+}
+
+std::optional<PlotRange> PlotCanvas::ZoomedAngles() const {
+  const PlotRange view = AlongRange();
+  const PlotRange all = model_.FullAlong();
+  if (model_.IsEmpty() || (view.lower <= all.lower && view.upper >= all.upper)) return std::nullopt;
+  const auto [first, last] = std::minmax({model_.TwoThetaOf(view.lower), model_.TwoThetaOf(view.upper)});
+  return PlotRange{first, last};
+}
+
+void PlotCanvas::ShowAngles(const PlotRange& angles) {
+  const PlotRange all = model_.FullAlong();
+  const auto [lower, upper] = std::minmax({model_.Along(angles.lower), model_.Along(angles.upper)});
+  SetView({std::max(lower, all.lower), std::min(upper, all.upper)}, UpRange());
 }
 
 void PlotCanvas::ShowAll() {

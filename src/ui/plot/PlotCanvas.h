@@ -46,6 +46,9 @@ class PlotCanvas : public QCustomPlot {
   PlotRange AlongRange() const;
   PlotRange UpRange() const;
   void SetView(const PlotRange& along, const PlotRange& up);
+  /// Degrees, of the ends of what is in view along; nothing where that is all.
+  std::optional<PlotRange> ZoomedAngles() const;
+  void ShowAngles(const PlotRange& angles);
 
   /// Degrees; where the cursor stands.
   std::optional<double> Cursor() const { return cursor_; }

@@ -1,5 +1,6 @@
 #include "ui/plot/PlotExport.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSvgGenerator>
 
@@ -12,6 +13,11 @@ namespace {
 
 QString Extension(const QString& path) {
   return QFileInfo(path).suffix().toLower();
+}
+
+/// A link in the place of an output may be somebody else's: it gives way, and what it points to stays.
+void RemoveLink(const QString& path) {
+  if (QFileInfo(path).isSymbolicLink()) QFile::remove(path);
 }
 
 bool WriteSvg(PlotCanvas& canvas, const QString& path, QSize size) {
@@ -32,12 +38,14 @@ bool WriteSvg(PlotCanvas& canvas, const QString& path, QSize size) {
 }
 
 bool WritePicture(PlotCanvas& canvas, const QString& path, QSize size, double scale) {
+  RemoveLink(path);
   if (Extension(path) == "svg") return WriteSvg(canvas, path, size);
   if (Extension(path) == "pdf") return canvas.savePdf(path, size.width(), size.height());
   return canvas.toPixmap(size.width(), size.height(), scale).save(path);
 }
 
 void WriteXy(const Pattern& pattern, const QString& path) {
+  RemoveLink(path);
   OutputFile file;
   const QFileInfo place(path);
   file.Open(Folder(std::filesystem::path(place.absolutePath().toStdU16String())), place.fileName().toStdString(),

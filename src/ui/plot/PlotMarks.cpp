@@ -105,7 +105,10 @@ void PlotMarks::DrawPeaks(QCPPainter& painter) const {
   for (const MarkedPeak& mark : canvas_.Picker().Marks()) {
     const std::size_t point = NearestIndex(pattern.two_theta, mark.peak.two_theta);
     const double x = canvas_.PixelOf(mark.peak.two_theta);
-    const double tip = canvas_.yAxis->coordToPixel(model.PlaceOf(pattern.counts[point])) - kLabelGap;
+    const double top = canvas_.yAxis->coordToPixel(model.PlaceOf(pattern.counts[point]));
+    // A mark is seen wherever its peak is.
+    const double highest = canvas_.axisRect()->top() + 2.0 * kMarkSize + 1.0;
+    const double tip = top < canvas_.axisRect()->top() ? top : std::max(top - kLabelGap, highest);
     const PlotColours& colours = canvas_.Colours();
     const bool is_companion = mark.origin == PeakOrigin::kAlpha2;
     const QColor colour = is_companion                         ? colours.companion

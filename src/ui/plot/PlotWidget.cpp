@@ -1,5 +1,6 @@
 #include "ui/plot/PlotWidget.h"
 
+#include <QAccessible>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -41,7 +42,7 @@ void PlotWidget::MakeParts() {
   p.splitter->setChildrenCollapsible(false);
   p.message = new QLabel(this);
   p.message->setObjectName("plotMessage");
-  p.message->setAccessibleName(tr("Message"));
+  p.message->setAccessibleDescription(tr("Message"));
   p.message->setWordWrap(true);
   p.message->setMargin(4);
   p.message->setAutoFillBackground(true);
@@ -50,7 +51,7 @@ void PlotWidget::MakeParts() {
   p.message->hide();
   p.reading = new QLabel(this);
   p.reading->setObjectName("plotReading");
-  p.reading->setAccessibleName(tr("Cursor"));
+  p.reading->setAccessibleDescription(tr("Cursor"));
   p.reading->setMargin(3);
   p.reading->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* const layout = new QVBoxLayout(this);
@@ -96,8 +97,17 @@ void PlotWidget::ConnectParts() {
 }
 
 void PlotWidget::ShowPattern(const QString& title, Pattern pattern, const QString& folder) {
+  Show({title.toStdString(), std::move(pattern)}, folder);
+}
+
+void PlotWidget::AddOverlay(const QString& title, Pattern pattern) {
+  Overlay({title.toStdString(), std::move(pattern)});
+}
+
+void PlotWidget::Show(PlotSeries series, const QString& folder) {
   Parts& p = *parts_;
-  p.model.Show({title.toStdString(), std::move(pattern)});
+  const QString title = QString::fromStdString(series.title);
+  p.model.Show(std::move(series));
   p.folder = folder;
   p.is_picked = false;
   p.undo.clear();
@@ -107,15 +117,16 @@ void PlotWidget::ShowPattern(const QString& title, Pattern pattern, const QStrin
   emit TitleChanged(title);
 }
 
-void PlotWidget::AddOverlay(const QString& title, Pattern pattern) {
-  if (parts_->model.IsEmpty()) return ShowPattern(title, std::move(pattern));
-  parts_->model.AddOverlay({title.toStdString(), std::move(pattern)});
+void PlotWidget::Overlay(PlotSeries series) {
+  if (parts_->model.IsEmpty()) return Show(std::move(series), {});
+  parts_->model.AddOverlay(std::move(series));
   Redraw(false);
 }
 
 void PlotWidget::ApplySettings(const PlotSettings& settings) {
   Parts& p = *parts_;
-  // A plot that stands otherwise shows all again: what was in view has no place on the new axes.
+  const auto in_view = p.canvas->ZoomedAngles();
+  const PlotSettings before = p.model.Settings();
   p.model.Set(settings);
   const std::pair<QComboBox*, int> boxes[] = {{p.along, static_cast<int>(settings.along)},
                                               {p.up, static_cast<int>(settings.up)},
@@ -126,7 +137,12 @@ void PlotWidget::ApplySettings(const PlotSettings& settings) {
   }
   const QSignalBlocker blocker(p.difference);
   p.difference->setChecked(settings.shows_difference);
-  Redraw(false);
+  Redraw(in_view.has_value());
+  // The same angles stay in view and, on the same axis, the same height.
+  if (in_view) p.canvas->ShowAngles(*in_view);
+  PlotSettings same_up = settings;
+  same_up.along = before.along;
+  if (in_view && !(same_up == before)) p.canvas->FitHeight();
 }
 
 void PlotWidget::Redraw(bool keeps_view) {
@@ -212,9 +228,18 @@ void PlotWidget::ShowReading() {
   p.reading->setText(text);
 }
 
+void PlotWidget::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  // Where the table would leave too little room beside it for the curves it stands below them.
+  const bool has_room = width() >= 2 * parts_->panel->sizeHint().width();
+  parts_->splitter->setOrientation(has_room ? Qt::Horizontal : Qt::Vertical);
+}
+
 void PlotWidget::ShowMessage(const QString& text) {
   parts_->message->setText(text);
   parts_->message->setVisible(!text.isEmpty());
+  QAccessibleEvent alert(parts_->message, QAccessible::Alert);
+  if (!text.isEmpty()) QAccessible::updateAccessibility(&alert);
 }
 
 QString PlotWidget::Message() const {

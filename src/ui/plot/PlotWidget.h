@@ -64,6 +64,7 @@ class PlotWidget : public QWidget {
   void PeaksSaved(const QString& path);
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -74,6 +75,8 @@ class PlotWidget : public QWidget {
   void MakeActions();
   void MakeToolBar();
   void ConnectParts();
+  void Show(PlotSeries series, const QString& folder);
+  void Overlay(PlotSeries series);
   std::optional<PlotSeries> Read(const QString& path);
   void Redraw(bool keeps_view);
   void PreparePeaks();

@@ -114,10 +114,9 @@ void PlotWidget::GiveUpOpenKeys() {
 void PlotWidget::FillEarlier(QMenu& menu) {
   menu.clear();
   for (const PlotSeries& series : parts_->model.Earlier()) {
-    QString title = QString::fromStdString(series.title);
-    QAction* const action = menu.addAction(title.replace(QLatin1Char('&'), QLatin1String("&&")));
-    connect(action, &QAction::triggered, this,
-            [this, series] { AddOverlay(QString::fromStdString(series.title), series.pattern); });
+    QString name = QString::fromStdString(series.origin.empty() ? series.title : series.origin);
+    QAction* const action = menu.addAction(name.replace(QLatin1Char('&'), QLatin1String("&&")));
+    connect(action, &QAction::triggered, this, [this, series] { Overlay(series); });
   }
   if (menu.isEmpty()) menu.addAction(tr("None yet"))->setEnabled(false);
 }

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QTime>
 #include <QUrl>
 
 #include "patterns/PatternFormats.h"
@@ -28,6 +29,12 @@ QString PatternFilter() {
   return PlotWidget::tr("Patterns (%1);;All files (*)").arg(globs.join(QLatin1Char(' ')));
 }
 
+/// Folder, name and the present time: the next run may write the same file anew.
+QString OriginOf(const QFileInfo& place) {
+  return PlotWidget::tr("%1/%2, %3")
+      .arg(place.absoluteDir().dirName(), place.fileName(), QTime::currentTime().toString(QStringLiteral("HH:mm:ss")));
+}
+
 }  // namespace
 
 std::optional<PlotSeries> PlotWidget::Read(const QString& path) {
@@ -36,7 +43,8 @@ std::optional<PlotSeries> PlotWidget::Read(const QString& path) {
     QStringList notices;
     for (const std::string& notice : file.notices) notices << QString::fromStdString(notice);
     ShowMessage(notices.join(QLatin1Char(' ')));
-    return PlotSeries{QFileInfo(path).completeBaseName().toStdString(), std::move(file.pattern)};
+    const QFileInfo place(path);
+    return PlotSeries{place.completeBaseName().toStdString(), std::move(file.pattern), OriginOf(place).toStdString()};
   } catch (const FatalIoError& error) {
     ShowMessage(QString::fromUtf8(error.what()));
     return std::nullopt;
@@ -46,7 +54,7 @@ std::optional<PlotSeries> PlotWidget::Read(const QString& path) {
 bool PlotWidget::OpenFile(const QString& path) {
   auto series = Read(path);
   if (!series) return false;
-  ShowPattern(QString::fromStdString(series->title), std::move(series->pattern), QFileInfo(path).absolutePath());
+  Show(std::move(*series), QFileInfo(path).absolutePath());
   return true;
 }
 
@@ -54,7 +62,7 @@ bool PlotWidget::OverlayFile(const QString& path) {
   if (parts_->model.IsEmpty()) return OpenFile(path);
   auto series = Read(path);
   if (!series) return false;
-  AddOverlay(QString::fromStdString(series->title), std::move(series->pattern));
+  Overlay(std::move(*series));
   return true;
 }
 

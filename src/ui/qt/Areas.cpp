@@ -16,6 +16,7 @@ constexpr int kLeastText = 140;
 constexpr int kLeastTextBeside = 230;
 constexpr int kLeastPlot = 200;
 constexpr int kScrollBar = 24;
+constexpr QSize kBoundless(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 
 }  // namespace
 
@@ -39,7 +40,7 @@ Areas::Areas(QWidget* parent)
   for (QSplitter* const splitter : {static_cast<QSplitter*>(this), talk_}) splitter->setChildrenCollapsible(false);
   setStretchFactor(0, 0);
   setStretchFactor(1, 1);
-  const int left = texts_->Pane().SmallestPage().width() + kScrollBar;
+  const int left = texts_->Pane().EasyPage().width() + kScrollBar;
   setSizes({left, left});
   plot_->setMinimumWidth(kLeastPlot);
   connect(this, &QSplitter::splitterMoved, this, [this] { moved_["columns"] = sizes(); });
@@ -80,22 +81,35 @@ void Areas::resizeEvent(QResizeEvent* event) {
 }
 
 void Areas::WidenForForm() {
-  const int wanted = form_->Wish().width() + kScrollBar;
+  const int wanted = form_->FitInto(kBoundless).width() + kScrollBar;
   if (!HasPlotColumn() || moved_.contains("columns") || talk_->width() >= wanted) return;
   setSizes({wanted, std::max(width() - handleWidth() - wanted, 1)});
+}
+
+int Areas::FormHeight(int room) {
+  if (form_->Form() == nullptr) return room / 3;
+  const int most = std::max(room - kLeastText, room / 3);
+  return std::min(form_->FitInto({talk_->width(), most}).height(), most);
+}
+
+int Areas::FormWidth(int room) {
+  // A little more than half of the room, or what a page leaves, or all that can be spared if its letters can't be
+  // smaller.
+  const int beside_page = room - texts_->Pane().EasyPage().width() - kScrollBar;
+  const int share = std::max(room * 4 / 7, beside_page);
+  if (form_->Form() == nullptr) return std::max(room / 3, std::min(beside_page, room / 2));
+  const int wanted = form_->FitInto({share, talk_->height()}).width() + kScrollBar;
+  return std::min(wanted, std::max(room - kLeastTextBeside, room / 3));
 }
 
 void Areas::FitForm() {
   WidenForForm();
   if (const auto moved = moved_.find(BorderName()); moved != moved_.end()) return talk_->setSizes(moved->second);
-  const QSize wish = form_->Wish();
-  if (wish.isEmpty()) return;
   const bool is_below = talk_->orientation() == Qt::Vertical;
   const int room = (is_below ? talk_->height() : talk_->width()) - talk_->handleWidth();
-  const int least = is_below ? kLeastText : kLeastTextBeside;
-  const int wanted = is_below ? wish.height() : wish.width() + kScrollBar;
-  const int form = std::clamp(wanted, 0, std::max(room - least, room / 3));
+  const int form = is_below ? FormHeight(room) : FormWidth(room);
   talk_->setSizes({room - form, form});
+  form_->FitInto(form_->size());
 }
 
 QWidget* Areas::MessagePlace() {

@@ -22,6 +22,7 @@ class Areas : public QSplitter {
   PlotArea& Plot() { return *plot_; }
   LeaveBar& Leave() { return *leave_; }
 
+  bool HasPlotColumn() const { return indexOf(plot_) >= 0; }
   /// Gives the form the room that it needs, unless the user has moved the border.
   void FitForm();
   /// Where a message box covers nothing that it speaks of.
@@ -36,11 +37,13 @@ class Areas : public QSplitter {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  bool HasPlotColumn() const { return indexOf(plot_) >= 0; }
   void Arrange();
   void PlacePlot(bool in_column);
   std::string BorderName() const;
   void WidenForForm();
+  /// What the form gets of the height or of the width that it shares with the texts.
+  int FormHeight(int room);
+  int FormWidth(int room);
 
   QSplitter* talk_;
   TextTabs* texts_;

@@ -9,6 +9,7 @@
 
 #include "ui/Toolkit.h"
 #include "ui/qt/AppIcon.h"
+#include "ui/qt/PlainStyle.h"
 
 namespace talven {
 namespace {
@@ -31,6 +32,7 @@ DesktopSession::DesktopSession(char** argv) {
   QGuiApplication::setDesktopFileName("talven");
   QGuiApplication::setQuitOnLastWindowClosed(false);
   QGuiApplication::setWindowIcon(AppIcon());
+  ClearUpPlainStyle(*application_);
 }
 
 DesktopSession::~DesktopSession() = default;

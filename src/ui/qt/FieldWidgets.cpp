@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "ui/forms/FormCatalogue.h"
 #include "ui/qt/FieldHelp.h"
@@ -14,6 +15,9 @@
 
 namespace talven {
 namespace {
+
+/// Frame and margins above and below the text of a field.
+constexpr int kAroundLine = 6;
 
 QWidget* MakeButton(const FieldSpec& spec, QWidget* parent) {
   auto* const button = new QPushButton(ToQString(spec.text), parent);
@@ -115,7 +119,9 @@ QLineEdit* EditIn(QWidget* widget) {
 
 QSize NeededSize(const QWidget& widget) {
   const QSize hint = widget.sizeHint();
-  if (qobject_cast<const QLineEdit*>(&widget) != nullptr) return {0, hint.height()};
+  // Small letters need less than the hint, which leaves room for an icon.
+  const int line = widget.fontMetrics().height() + kAroundLine;
+  if (qobject_cast<const QLineEdit*>(&widget) != nullptr) return {0, std::min(hint.height(), line)};
   if (qobject_cast<const QPushButton*>(&widget) != nullptr || qobject_cast<const QGroupBox*>(&widget) != nullptr)
     return widget.minimumSizeHint().boundedTo({0, hint.height()});
   return hint;

@@ -96,9 +96,16 @@ void FormArea::Clear() {
   idle_->show();
 }
 
-QSize FormArea::Wish() const {
+QSize FormArea::FitInto(QSize area) {
   if (form_ == nullptr) return {};
-  return frame_->sizeHint() + QSize(2 * kMargin, 2 * kMargin);
+  const QSize around = frame_->sizeHint() - form_->size() + QSize(2 * kMargin, 2 * kMargin);
+  form_->FitInto(area - around - QSize(verticalScrollBar()->sizeHint().width(), 0));
+  return form_->size() + around;
+}
+
+void FormArea::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  FitInto(size());
 }
 
 void FormArea::SeeField(QWidget* field) {

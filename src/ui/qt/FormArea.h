@@ -22,14 +22,16 @@ class FormArea : public QScrollArea {
   /// The form that is shown is about to go.
   void Clear();
   FormDialog* Form() const { return form_; }
-  /// The size in which the form that is shown is seen whole; empty for none.
-  QSize Wish() const;
+  /// Makes the form that is shown as large as it can be in an area of some size, and gives the size in which it is then
+  /// seen whole; empty for none.
+  QSize FitInto(QSize area);
 
  signals:
   void HelpAsked();
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QWidget* MakeTitleBar();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QFontInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -21,12 +22,18 @@ namespace talven {
 namespace {
 
 constexpr int kFirstFormNumber = 100;
+/// Letters get smaller in steps of 5 %, so far for a form that is then seen whole, and so far for one that is then no
+/// wider than its area.
+constexpr int kScaleStep = 5;
+constexpr int kSmallestWhole = 75;
+constexpr int kSmallestWide = 60;
 
 }  // namespace
 
 FormDialog::FormDialog(FormState& form, std::function<void()> beep, QWidget* parent)
     : QDialog(parent, parent != nullptr ? Qt::Widget : Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       form_(form),
+      own_font_(font()),
       beep_(std::move(beep)),
       note_(new RefusalNote(parent != nullptr ? parent : this)) {
   setObjectName(QString::number(form.Spec().id));
@@ -127,6 +134,24 @@ void FormDialog::PlaceFields() {
     widget->setGeometry(place);
   }
   setFixedSize(units.Size(form_.Spec().width, form_.Spec().height));
+}
+
+void FormDialog::SetScale(int percent) {
+  QFont scaled = own_font_;
+  scaled.setPointSizeF(QFontInfo(own_font_).pointSizeF() * percent / 100.0);
+  setFont(scaled);
+  PlaceFields();
+}
+
+void FormDialog::FitInto(QSize room) {
+  for (int percent = 100; percent >= kSmallestWhole; percent -= kScaleStep) {
+    SetScale(percent);
+    if (width() <= room.width() && height() <= room.height()) return;
+  }
+  for (int percent = 100; percent >= kSmallestWide; percent -= kScaleStep) {
+    SetScale(percent);
+    if (width() <= room.width()) return;
+  }
 }
 
 void FormDialog::ShowUnused() {

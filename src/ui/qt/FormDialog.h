@@ -33,6 +33,8 @@ class FormDialog : public QDialog {
   bool HasExit() const { return form_.Find(kExitButton) != nullptr; }
   /// Offers texts to a field while it is typed into.
   void OfferTexts(int id, const QStringList& texts);
+  /// Takes the largest letters, up to its own, with which it is seen whole in `room`, or else as wide as that.
+  void FitInto(QSize room);
   /// Puts the focus where the form begins, or back to where it was.
   void TakeFocus();
   /// Fills a field and presses `OK`.
@@ -58,6 +60,8 @@ class FormDialog : public QDialog {
   /// The font's units, enlarged where a caption or a frame would not fit.
   DialogUnits FittingUnits() const;
   void PlaceFields();
+  /// Writes with letters of so much of their own size.
+  void SetScale(int percent);
   /// Fields that the values of others make useless look so.
   void ShowUnused();
 
@@ -79,6 +83,7 @@ class FormDialog : public QDialog {
   void Press(int button);
 
   FormState& form_;
+  QFont own_font_;
   std::function<void()> beep_;
   RefusalNote* note_;
   /// Numeric fields that the user has changed.

@@ -59,8 +59,16 @@ MainWindow::MainWindow(const QString& title, QRect place)
 }
 
 MainWindow::~MainWindow() {
+  // Another window may have written since.
+  state_.jobs = WindowState::Read().jobs;
   state_.geometry = saveGeometry();
   areas_->Save(state_);
+  state_.Write();
+}
+
+void MainWindow::RememberJob(const QString& job) {
+  state_.jobs = WindowState::Read().jobs;
+  state_.RememberJob(job);
   state_.Write();
 }
 
@@ -84,7 +92,13 @@ void MainWindow::MakeMenus() {
   view->addAction("&Next Area", QKeySequence("F6"), this, &MainWindow::GoToNextArea);
   view->addAction("&Page", QKeySequence("Alt+1"), this, [this] { Texts().setCurrentIndex(0); });
   view->addAction("&All Lines", QKeySequence("Alt+2"), this, [this] { Texts().setCurrentIndex(1); });
-  view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] { areas_->ShowPlot(); });
+  view->addAction("P&lot", QKeySequence("Alt+3"), this, [this] {
+    areas_->ShowPlot();
+    areas_->Plot().currentWidget()->setFocus(Qt::ShortcutFocusReason);
+  });
+  view->addAction("&Close Tab", QKeySequence("Ctrl+W"), this, [this] {
+    if (Texts().CloseFront() && Form().Form() != nullptr) Form().Form()->TakeFocus();
+  });
   view->addAction("&Output of the Last Program", this, &MainWindow::OutputAsked);
   QMenu* const help = help_menu_ = menuBar()->addMenu("&Help");
   help->addAction("&Manual", QKeySequence("F1"), this, &MainWindow::OpenManual);

@@ -25,7 +25,9 @@ class MainWindow : public QMainWindow {
   PaneWidget& Pane() { return areas_->Texts().Pane(); }
   StatusLine& Status() { return *status_; }
   FormArea& Form() { return areas_->Form(); }
-  WindowState& State() { return state_; }
+  const WindowState& State() const { return state_; }
+  /// Puts a job at the head of those used before, at once: other windows may be open.
+  void RememberJob(const QString& job);
 
   /// Takes over a widget as the plot. Files with one of these endings, or with that of a pattern of the program's own,
   /// are for it; the endings are in upper case and without a point.
@@ -39,6 +41,8 @@ class MainWindow : public QMainWindow {
   void SetCredits(const QString& credits) { credits_ = credits; }
   /// Gives the form the room that it needs; to be called when another one is shown.
   void FitForm() { areas_->FitForm(); }
+  /// False where the plot is a tab, and with it all that would come up over it.
+  bool HasPlotColumn() const { return areas_->HasPlotColumn(); }
   /// Where a message box belongs.
   QWidget* MessagePlace() { return areas_->MessagePlace(); }
   /// Asks how a session that waits for a form is to end.

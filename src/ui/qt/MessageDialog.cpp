@@ -1,13 +1,15 @@
 #include "ui/qt/MessageDialog.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "ui/qt/QtText.h"
-#include "ui/qt/WrappedPath.h"
+#include "ui/qt/WrappedText.h"
 
 namespace talven {
 namespace {
@@ -42,7 +44,7 @@ MessageDialog::MessageDialog(const Message& message, const QString& underneath, 
   setObjectName("message");
   setWindowTitle(ToQString(message.title));
   setAccessibleName("Message");
-  text_ = new QLabel(ToQString(message.text).replace('\r', '\n'), this);
+  text_ = MakeWrappedText(ToQString(message.text).replace('\r', '\n'), "Text of the message", this);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->setSpacing(kMargin);
@@ -59,17 +61,11 @@ QWidget* MessageDialog::MakeTexts(const QString& underneath) {
   auto* const texts = new QWidget(this);
   auto* const layout = new QVBoxLayout(texts);
   layout->setContentsMargins(0, 0, 0, 0);
-  text_->setTextFormat(Qt::PlainText);
-  text_->setWordWrap(true);
-  text_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  const QFontMetrics metrics(font());
-  int widest = 0;
-  for (const QString& line : text_->text().split('\n')) widest = std::max(widest, metrics.horizontalAdvance(line));
-  text_->setMinimumWidth(std::min(widest + 2, metrics.averageCharWidth() * 60));
-  setAccessibleDescription(text_->text() + ' ' + underneath);
-  layout->addWidget(text_);
-  if (!underneath.isEmpty()) layout->addWidget(MakeWrappedPath(underneath, texts));
   layout->addStretch(1);
+  layout->addWidget(text_);
+  if (!underneath.isEmpty()) layout->addWidget(MakeWrappedText(underneath, "Full path", texts));
+  layout->addStretch(1);
+  setAccessibleDescription(Text() + ' ' + underneath);
   return texts;
 }
 
@@ -89,6 +85,10 @@ QWidget* MessageDialog::MakeButtons(int default_button) {
   const auto wanted = static_cast<std::size_t>(std::max(default_button, 1));
   buttons_[std::min(wanted, buttons_.size()) - 1]->setDefault(true);
   return row;
+}
+
+QString MessageDialog::Text() const {
+  return text_->toPlainText();
 }
 
 int MessageDialog::Answer() const {

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <QDialog>
-#include <QLabel>
 #include <vector>
 
 #include "ui/Toolkit.h"
 
 class QPushButton;
+class QTextEdit;
 
 namespace talven {
 
@@ -17,7 +17,7 @@ class MessageDialog : public QDialog {
  public:
   MessageDialog(const Message& message, const QString& underneath, QWidget* parent);
 
-  QString Text() const { return text_->text(); }
+  QString Text() const;
   /// The answer of the button that was pressed, or of the last one if the box was ended without.
   int Answer() const;
   /// Gives the focus to the default button.
@@ -27,7 +27,7 @@ class MessageDialog : public QDialog {
   QWidget* MakeTexts(const QString& underneath);
   QWidget* MakeButtons(int default_button);
 
-  QLabel* text_;
+  QTextEdit* text_;
   std::vector<MessageButton> answers_;
   std::vector<QPushButton*> buttons_;
 };

@@ -14,6 +14,9 @@
 
 namespace talven {
 
+/// What its text is called where that stands in the main window.
+inline constexpr const char* kOutputTitle = "Output";
+
 /// A window of its own, which outlasts the main window. It can't be closed while the program runs.
 class OutputWindow : public QWidget {
   Q_OBJECT
@@ -30,6 +33,8 @@ class OutputWindow : public QWidget {
   void Begin(const QString& title);
   /// Adds a line of the window's own below what was printed.
   void Remark(const QString& text);
+  /// What was printed, with the remarks.
+  QString Text() const { return output_->toPlainText(); }
   /// Stays open until it is closed, whatever happens to the main window.
   void Keep();
   /// Comes up beside what is to be read: over a part of the main window.

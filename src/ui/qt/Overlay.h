@@ -9,6 +9,8 @@ namespace talven {
 /// Keeps its content in the middle of a host widget, whatever size that has, and never reaches over the host's edge. It
 /// goes with its host, which it does not own.
 class Overlay : public QFrame {
+  Q_OBJECT
+
  public:
   Overlay(QWidget* content, QWidget* host);
   ~Overlay() override;

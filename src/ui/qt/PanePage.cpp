@@ -11,7 +11,6 @@ PanePage::PanePage(QWidget* parent) : QScrollArea(parent), pane_(new PaneWidget)
   setFocusPolicy(Qt::NoFocus);
   setWidgetResizable(true);
   setBackgroundRole(QPalette::Base);
-  pane_->setMinimumSize(pane_->SmallestPage());
   setWidget(pane_);
 }
 
@@ -26,6 +25,8 @@ void PanePage::ShowLastLine() {
 
 void PanePage::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);
+  const QSize easy = pane_->EasyPage();
+  pane_->setMinimumSize(maximumViewportSize().width() < easy.width() ? pane_->SmallestPage() : easy);
   ShowLastLine();
 }
 

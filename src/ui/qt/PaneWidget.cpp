@@ -19,7 +19,6 @@ constexpr double kColumns = 80.0;
 constexpr double kLineShare = 0.95;
 /// Logical distance of the lines of a page, which no font's line is higher than.
 constexpr double kLineStep = 7.0;
-constexpr double kSmallestPoints = 8.0;
 
 QString WithoutTrailingBlanks(QString text) {
   while (text.endsWith(QLatin1Char(' '))) text.chop(1);
@@ -173,9 +172,9 @@ QSize PaneWidget::PageFor(const QFont& font) const {
   return {static_cast<int>(std::ceil(width)) + 1, static_cast<int>(std::ceil(std::max(line, letter))) + 1};
 }
 
-QSize PaneWidget::SmallestPage() const {
+QSize PaneWidget::PageWithLetters(double points) const {
   QFont small = font();
-  small.setPointSizeF(std::min(kSmallestPoints, small.pointSizeF()));
+  small.setPointSizeF(std::min(points, small.pointSizeF()));
   return PageFor(small);
 }
 

@@ -44,7 +44,9 @@ class PaneWidget : public QWidget {
   QRect LastLine() const;
 
   /// The size in which a page has letters of 8 points, the smallest that are read with ease.
-  QSize SmallestPage() const;
+  QSize EasyPage() const { return PageWithLetters(8.0); }
+  /// The same with letters of 7 points, for areas that are narrower than that.
+  QSize SmallestPage() const { return PageWithLetters(7.0); }
   QSize sizeHint() const override;
 
  protected:
@@ -71,6 +73,7 @@ class PaneWidget : public QWidget {
   QFont PaneFont() const;
   QRectF LineRect(const Line& line, const QFontMetricsF& metrics) const;
   int Length() const;
+  QSize PageWithLetters(double points) const;
   QSize PageFor(const QFont& font) const;
 
   QRectF units_{0.0, 0.0, 100.0, 300.0};

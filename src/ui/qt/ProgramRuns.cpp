@@ -64,8 +64,15 @@ void QtToolkit::TellMissingProgram(const CommandLookup& lookup, const QString& t
   output_->Remark(kNotTheModels);
   if (!window_) return;
   window_->Status().ShowRemark(kNotTheModels);
-  if (IsUnattended()) return;
-  output_->PlaceOver(*window_->MessagePlace());
+  if (!IsUnattended()) KeepOutput();
+}
+
+void QtToolkit::KeepOutput() {
+  if (window_ && !window_->HasPlotColumn()) {
+    output_->hide();
+    return window_->Texts().ShowText(kOutputTitle, output_->Text());
+  }
+  if (window_ && !output_->isVisible()) output_->PlaceOver(*window_->MessagePlace());
   output_->Keep();
 }
 
@@ -86,7 +93,7 @@ void QtToolkit::JudgeProgram(std::optional<int> exit_code, const std::string& jo
   if (is_well || IsUnattended()) {
     output_->hide();
   } else {
-    output_->Keep();
+    KeepOutput();
   }
 }
 

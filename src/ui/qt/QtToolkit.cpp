@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QTimer>
 #include <cstdio>
+#include <utility>
 
 #include "ui/forms/FormCatalogue.h"
 #include "ui/forms/FormFields.h"
@@ -63,7 +64,7 @@ void QtToolkit::OpenWindow(const QString& title, const QRect& place) {
     if (form_ != nullptr) form_->EndAsItStands();
   });
   QObject::connect(window, &MainWindow::JobFileChosen, window, [this](const QString& path) { TakeJobFile(path); });
-  QObject::connect(window, &MainWindow::OutputAsked, window, [this] { output_->Keep(); });
+  QObject::connect(window, &MainWindow::OutputAsked, window, [this] { KeepOutput(); });
   window->Status().SetFolder(QDir::currentPath());
   if (when_opened_) when_opened_(*window);
   window->show();
@@ -78,7 +79,9 @@ void QtToolkit::WindowOpen(const WindowRecord& record) {
 void QtToolkit::WindowClose() {
   OnGui([&] {
     shown_form_.reset();
+    const bool has_output = window_ && window_->Texts().HasText(kOutputTitle);
     window_.reset();
+    if (has_output) KeepOutput();
   });
 }
 
@@ -125,7 +128,7 @@ void QtToolkit::JobSettled(std::string_view job) {
     memory_->is_job_settled = true;
     memory_->opened.reset();
     if (!window_) return;
-    window_->State().RememberJob(memory_->job);
+    window_->RememberJob(memory_->job);
     window_->Status().SetJob(memory_->job);
   });
 }
@@ -136,7 +139,17 @@ void QtToolkit::TellHint(std::string_view hint) {
   });
 }
 
+void QtToolkit::TellProgress(std::int64_t done, std::int64_t total) {
+  const int percent = static_cast<int>(100.0 * static_cast<double>(done) / static_cast<double>(total));
+  // The window is not told of every step: there may be millions.
+  if (std::exchange(memory_->told_percent, percent) == percent) return;
+  PostToGui([this, percent] {
+    if (window_) window_->Status().ShowProgress(percent);
+  });
+}
+
 void QtToolkit::ShowRunning() {
+  memory_->told_percent = -1;
   if (window_) window_->Status().ShowRunning(memory_->running);
 }
 
@@ -237,6 +250,7 @@ QString QtToolkit::MissingFile(std::string_view text) const {
 }
 
 int QtToolkit::ShowMessage(const Message& message) {
+  if (window_) window_->FitForm();
   QWidget* const place = window_ ? window_->MessagePlace() : nullptr;
   MessageDialog box(message, MissingFile(message.text), place);
   if (is_leaving_ && message.type != MessageType::kOk) return box.Answer();

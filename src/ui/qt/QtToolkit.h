@@ -61,6 +61,7 @@ class QtToolkit : public Toolkit {
   void TellOfProgram(std::string_view line) override;
   void JobSettled(std::string_view job) override;
   void TellHint(std::string_view hint) override;
+  void TellProgress(std::int64_t done, std::int64_t total) override;
 
  protected:
   int RunForm(FormState& form) override;
@@ -83,6 +84,9 @@ class QtToolkit : public Toolkit {
   /// A program has ended: keeps its output where something is to be read.
   void JudgeProgram(std::optional<int> exit_code, const std::string& job);
   bool IsUnattended() const;
+  /// Shows the output of the last program beside what is to be read: in a window, or in a tab where that would lie over
+  /// the form.
+  void KeepOutput();
 
   void TakeLeaveWish();
   void TakeJobFile(const QString& path);

@@ -11,7 +11,10 @@ namespace talven {
 namespace {
 
 constexpr int kGap = 6;
-constexpr int kNarrowest = 120;
+/// A neighbour may be a little wider than the field.
+constexpr int kFromField = 10;
+/// Width in which a text of three lines is still read with ease.
+constexpr int kNarrowest = 84;
 
 }  // namespace
 
@@ -19,7 +22,8 @@ RefusalNote::RefusalNote(QWidget* host) : QLabel(host) {
   setObjectName("refusal");
   setTextFormat(Qt::PlainText);
   setFrameShape(QFrame::Box);
-  setMargin(3);
+  setMargin(1);
+  setAlignment(Qt::AlignCenter);
   setAutoFillBackground(true);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   hide();
@@ -34,17 +38,17 @@ void RefusalNote::ShowBeside(const QWidget& field, const QString& text) {
   setAccessibleName(text);
   const QWidget& host = *parentWidget();
   const QRect place(field.mapTo(&host, QPoint()), field.size());
-  const int beside = host.width() - place.right() - 2 * kGap;
   setWordWrap(false);
-  if (beside < sizeHint().width()) setWordWrap(true);
-  if (beside >= kNarrowest || beside >= sizeHint().width()) {
-    const int width = std::min(sizeHint().width(), beside);
-    const int height = wordWrap() ? heightForWidth(width) : sizeHint().height();
-    setGeometry(place.right() + kGap, place.center().y() - height / 2, width, height);
+  const int in_one_line = sizeHint().width() + kGap;
+  const int beside = std::min(in_one_line, host.width() - place.right() - kFromField - kGap);
+  if (beside >= std::min(in_one_line, kNarrowest)) {
+    setWordWrap(beside < in_one_line);
+    const int height = wordWrap() ? heightForWidth(beside) : sizeHint().height();
+    setGeometry(place.right() + kFromField, place.center().y() - height / 2, beside, height);
   } else {
-    const int width = std::min(QFontMetrics(font()).horizontalAdvance(text) + 4 * kGap, host.width() - 2 * kGap);
-    const int left = std::max(kGap, std::min(place.left(), host.width() - kGap - width));
-    setGeometry(left, place.bottom() + 2, width, heightForWidth(width));
+    // Between the rows of the form.
+    const int left = std::max(kGap, std::min(place.left(), host.width() - kGap - in_one_line));
+    setGeometry(left, place.bottom() + 1, in_one_line, sizeHint().height());
   }
   show();
   raise();

@@ -21,6 +21,8 @@ struct RunMemory {
   bool is_job_settled = false;
   /// What runs between two questions.
   QString running = "Starting";
+  /// How much of that the window was told to be done; below 0 as long as nothing is known.
+  int told_percent = -1;
   std::optional<OpenedFile> opened;
   /// The files of the last run, and the one of them that the plot was told of.
   RunFiles files;

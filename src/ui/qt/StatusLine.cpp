@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kTick = 200;
 constexpr int kMargin = 6;
-constexpr int kBusyWidth = 90;
+constexpr int kBarWidth = 90;
 /// A run that is over before anyone has looked shows no bar.
 constexpr int kQuickRun = 300;
 
@@ -35,23 +35,23 @@ StatusLine::StatusLine(QWidget* parent)
       job_(MakeLabel("Job", this)),
       folder_button_(new QPushButton(this)),
       activity_(MakeLabel("What runs", this)),
-      busy_(new QProgressBar(this)),
+      bar_(new QProgressBar(this)),
       remark_(MakeLabel("Remark", this)),
       files_(MakeLabel("Files of the last run", this)) {
   setObjectName("status");
   setAccessibleName("Status");
   activity_->setObjectName("activity");
+  job_->hide();
   remark_->setObjectName("remark");
   remark_->setWordWrap(true);
   remark_->hide();
   SetUpFolder();
   SetUpFiles();
-  busy_->setRange(0, 0);
-  busy_->setTextVisible(false);
-  busy_->setFixedWidth(kBusyWidth);
-  busy_->setMaximumHeight(fontMetrics().height());
-  busy_->setAccessibleName("Busy");
-  busy_->hide();
+  bar_->setObjectName("progress");
+  bar_->setTextVisible(false);
+  bar_->setFixedWidth(kBarWidth);
+  bar_->setMaximumHeight(fontMetrics().height());
+  bar_->hide();
   PlaceParts();
   connect(&tick_, &QTimer::timeout, this, &StatusLine::Tell);
   tick_.setInterval(kTick);
@@ -85,14 +85,15 @@ void StatusLine::PlaceParts() {
   line->addWidget(job_);
   line->addWidget(folder_button_, 1);
   line->addWidget(activity_);
-  line->addWidget(busy_);
+  line->addWidget(bar_);
   layout->addLayout(line);
   layout->addWidget(remark_);
   layout->addWidget(files_);
 }
 
 void StatusLine::SetJob(const QString& job) {
-  job_->setText(job.isEmpty() ? QString() : "Job " + job);
+  job_->setText("Job " + job);
+  job_->setVisible(!job.isEmpty());
 }
 
 void StatusLine::SetFolder(const QString& folder) {
@@ -116,22 +117,30 @@ void StatusLine::resizeEvent(QResizeEvent* event) {
 
 void StatusLine::ShowRunning(const QString& what) {
   running_ = what;
+  bar_->setRange(0, 0);
+  bar_->setAccessibleName("Busy");
   clock_.start();
   tick_.start();
   Tell();
 }
 
+void StatusLine::ShowProgress(int percent) {
+  bar_->setRange(0, 100);
+  bar_->setValue(percent);
+  bar_->setAccessibleName("Done so far");
+}
+
 void StatusLine::ShowWaiting(const QString& what) {
   running_.clear();
   tick_.stop();
-  busy_->hide();
+  bar_->hide();
   activity_->setText(what);
   FitFolder();
 }
 
 void StatusLine::Tell() {
   activity_->setText(running_ + ", " + MinutesAndSeconds(clock_.elapsed()));
-  busy_->setVisible(clock_.elapsed() > kQuickRun);
+  bar_->setVisible(clock_.elapsed() > kQuickRun);
   FitFolder();
 }
 

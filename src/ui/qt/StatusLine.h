@@ -21,8 +21,10 @@ class StatusLine : public QFrame {
 
   void SetJob(const QString& job);
   void SetFolder(const QString& folder);
-  /// Something runs from now on; the time is shown beside it.
+  /// Something runs from now on; the time is shown beside it, and after a moment a bar that tells no end.
   void ShowRunning(const QString& what);
+  /// How much of what runs is done, from 0 to 100: the bar tells that until something else runs.
+  void ShowProgress(int percent);
   /// Nothing runs: what is waited for.
   void ShowWaiting(const QString& what);
   /// A lasting remark on what was written; empty for none.
@@ -46,7 +48,7 @@ class StatusLine : public QFrame {
   QLabel* job_;
   QPushButton* folder_button_;
   QLabel* activity_;
-  QProgressBar* busy_;
+  QProgressBar* bar_;
   QLabel* remark_;
   QLabel* files_;
   QString folder_;

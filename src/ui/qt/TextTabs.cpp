@@ -68,6 +68,7 @@ TextTabs::TextTabs(QWidget* parent) : QTabWidget(parent), page_(new PanePage(thi
 }
 
 void TextTabs::DrawLine(double x, double y, const QString& text) {
+  if (currentWidget() != all_) ShowPage();
   Pane().DrawTextAt(x, y, text);
   page_->ShowLastLine();
   QString line = text;
@@ -87,16 +88,40 @@ void TextTabs::AddReader(QWidget* reader, const QString& name, const QString& ti
 }
 
 void TextTabs::CloseReader(int index) {
-  // The plot may be the third of them.
-  if (index < kFixedTabs || widget(index)->objectName() == "plot-area") return;
+  if (!IsReader(index)) return;
   widget(index)->deleteLater();
   removeTab(index);
+}
+
+bool TextTabs::CloseFront() {
+  if (!IsReader(currentIndex())) return false;
+  CloseReader(currentIndex());
+  ShowPage();
+  return true;
 }
 
 void TextTabs::OpenText(const QString& path) {
   QPlainTextEdit* const reader = MakeReader(this);
   reader->setPlainText(ReadText(path));
   AddReader(reader, path, QFileInfo(path).fileName());
+}
+
+bool TextTabs::IsReader(int index) const {
+  // The plot may be the third of the tabs.
+  return index >= kFixedTabs && widget(index)->objectName() != "plot-area";
+}
+
+void TextTabs::ShowText(const QString& title, const QString& text) {
+  QPlainTextEdit* const reader = MakeReader(this);
+  reader->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+  reader->setPlainText(text);
+  AddReader(reader, title, title);
+}
+
+bool TextTabs::HasText(const QString& title) const {
+  for (int i = kFixedTabs; i < count(); ++i)
+    if (widget(i)->objectName() == title) return true;
+  return false;
 }
 
 void TextTabs::OpenManual(const ManualPlace& place) {

@@ -1,6 +1,7 @@
 // From a job to a score in the main window: the pattern comes up in the plot, its peaks are picked, saved and compared.
 
 #include <QAbstractItemModel>
+#include <QAccessible>
 #include <QApplication>
 #include <QTableView>
 
@@ -51,6 +52,14 @@ struct SaltJob : TestDirectory {
   }
 };
 
+void ExpectNames() {
+  for (QWidget* const widget : Window().findChildren<QWidget*>()) {
+    if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0) continue;
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+        << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+  }
+}
+
 void PickPeaks(QDialog&) {
   EXPECT_TRUE(IsShown("SALT")) << Canvas().accessibleDescription().toStdString();
   BringPlotToFront();
@@ -58,6 +67,7 @@ void PickPeaks(QDialog&) {
   QTest::keyClick(&Canvas(), Qt::Key_P, Qt::ControlModifier);
   const int found = ListedPeaks();
   EXPECT_GE(found, 3);
+  ExpectNames();
   QTest::keyClick(&Canvas(), Qt::Key_PageDown);
   QTest::keyClick(&Canvas(), Qt::Key_Delete);
   EXPECT_EQ(ListedPeaks(), found - 1);

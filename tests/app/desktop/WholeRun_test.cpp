@@ -1,9 +1,18 @@
 // Whole runs of the desktop program, driven by keys and clicks.
 
-#include <QApplication>
-#include <array>
-#include <clocale>
+#include <sys/stat.h>
 
+#include <QApplication>
+#include <QProgressBar>
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <clocale>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "app/CommandLine.h"
 #include "app/desktop/DesktopProgram.h"
 #include "support/Session.h"
 #include "support/TestFiles.h"
@@ -91,9 +100,54 @@ TEST_F(DesktopProgram, GoesFromAFileToAPatternWithTwoButtons) {
   EXPECT_EQ(Results(), expected);
 }
 
+/// A disk that takes 64 KiB in 30 ms, in the place of a file.
+class SlowFile {
+ public:
+  explicit SlowFile(const char* name) {
+    mkfifo(name, 0600);
+    reader_ = std::thread([name = std::filesystem::absolute(name)] {
+      std::ifstream file(name, std::ios::binary);
+      for (std::string part(64 << 10, ' '); file.read(part.data(), 64 << 10);)
+        std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    });
+  }
+  ~SlowFile() { reader_.join(); }
+
+ private:
+  std::thread reader_;
+};
+
+TEST_F(DesktopProgram, ShowsHowFarALongListHasCome) {
+  WriteFile("SALT.INS", "TITL wide\nCELL 0.71073 40 40 40 90 90 90\nLATT 1\n");
+  const SlowFile list("DUMMY.HKL");
+  std::vector<int> shown;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&shown] {
+    const auto* const bar = Window().findChild<QProgressBar*>("progress");
+    if (bar->isVisible() && bar->maximum() > 0 && (shown.empty() || shown.back() != bar->value()))
+      shown.push_back(bar->value());
+  });
+  const auto choose_list = [&watch](QDialog& form) {
+    Click(Field(form, 1010));
+    watch.start(10);
+    Click(Field(form, 1));
+  };
+  const auto leave = [&watch](QDialog& form) {
+    watch.stop();
+    EXPECT_FALSE(Window().findChild<QProgressBar*>("progress")->isVisible());
+    QTest::keyClick(&form, Qt::Key_Escape);
+  };
+  EXPECT_EQ(Run({kPath, "SALT", "C:"}, {choose_list, Press(Qt::Key_Return), leave}), 0);
+  ASSERT_GT(shown.size(), 4U);
+  EXPECT_TRUE(std::ranges::is_sorted(shown) && shown.back() > 80) << shown.back();
+}
+
 TEST(DesktopStart, TakesOneFileThatIsThere) {
   EXPECT_EQ(TakeOpenedFile({kPath, "--open"}).arguments.size(), 1U) << "a menu entry without a file";
   EXPECT_EQ(TakeOpenedFile({kPath, "ABC", "C:"}).arguments.size(), 3U);
+  std::ostringstream help;
+  EXPECT_EQ(AnswerCommandLine("talven", {kPath, "--help"}, help, help), 0);
+  EXPECT_NE(help.str().find("talven --open FILE\n"), std::string::npos);
   EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/none/such.INS"}), std::invalid_argument);
   EXPECT_THROW(TakeOpenedFile({kPath, "--open", "/tmp", "ABC"}), std::invalid_argument);
 }

@@ -53,12 +53,30 @@ TEST(TalvenView, ExportsWithoutADisplay) {
 TEST(TalvenView, PicksWithoutADisplay) {
   const TestDirectory directory;
   WriteMade("A.XY");
-  const Answer answer = RunView({"--pick", "--wavelength", "1.5406", "A.XY"});
-  EXPECT_EQ(answer.exit_code, 0) << answer.messages;
+  const Answer answer = RunView({"--pick", "--wavelength", "1.5406", "MISSING.XY", "A.XY"});
+  EXPECT_EQ(answer.exit_code, 1);
+  EXPECT_EQ(answer.messages.substr(0, 24), "talven-view: MISSING.XY:") << "the other is picked nevertheless";
   EXPECT_EQ(answer.output.substr(0, 21), "A.peaks.LST: 2 peaks\n") << answer.output;
   const std::string list = ReadFile("A.peaks.LST");
   EXPECT_NE(list.find("Radiation Wavelength   1.5406"), std::string::npos) << list;
   EXPECT_NE(list.find("   25.0"), std::string::npos) << list;
+}
+
+TEST(TalvenView, PutsOutputsInThePlaceOfLinks) {
+  const TestDirectory directory;
+  WriteMade("A.XY");
+  WriteMade("B.XY");
+  WriteFile("other", "kept\n");
+  for (const char* const name : {"a.png", "a.svg", "a.pdf", "a.2.xy", "a.xy", "A.peaks.LST"}) {
+    std::filesystem::create_symlink(name[0] == 'a' ? "other" : "nowhere", name);
+    const QString output(name);
+    if (output != "a.2.xy")
+      RunView(name[0] == 'a' ? QStringList{"--export", output, "A.XY", "B.XY"} : QStringList{"--pick", "A.XY"});
+  }
+  EXPECT_EQ(ReadFile("other"), "kept\n");
+  EXPECT_FALSE(Exists("nowhere"));
+  for (const char* const name : {"a.png", "a.svg", "a.pdf", "a.xy", "A.peaks.LST"})
+    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(name))) << name;
 }
 
 TEST(TalvenView, SaysWhatIsWrong) {

@@ -145,6 +145,38 @@ TEST(PlotWidget, AxesAreChosenInTheToolBar) {
   EXPECT_NEAR(open.canvas.UpRange().upper, 3.6, 0.3);
 }
 
+TEST(PlotWidget, OtherAxesShowTheSamePart) {
+  OpenPlot open;
+  open.canvas.SetView({40.0, 50.0}, {0.0, 300.0});
+  open.Find<QComboBox>("along").setCurrentIndex(1);
+  EXPECT_NEAR(open.canvas.AlongRange().lower, 1.8226, 1e-3) << "d at 50 degrees";
+  EXPECT_NEAR(open.canvas.AlongRange().upper, 2.2522, 1e-3);
+  EXPECT_EQ(open.canvas.UpRange().upper, 300.0);
+  open.Find<QComboBox>("along").setCurrentIndex(0);
+  EXPECT_NEAR(open.canvas.AlongRange().lower, 40.0, 1e-6);
+  open.Find<QComboBox>("up").setCurrentIndex(1);
+  EXPECT_NEAR(open.Width(), 10.0, 1e-6);
+  EXPECT_NEAR(open.canvas.UpRange().upper, 50.0, 5.0) << "as high as the square root of what is in view";
+}
+
+TEST(PlotWidget, RunsOfTheSameNameAreToldApart) {
+  const TestDirectory directory;
+  OpenPlot open;
+  QMenu file;
+  QMenu other;
+  open.plot.FillMenus(file, other, other);
+  ASSERT_TRUE(open.plot.ExportTo("RUN.xy"));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(open.plot.OpenFile("RUN.xy"));
+  auto* const earlier = file.findChild<QMenu*>();
+  QMetaObject::invokeMethod(earlier, "aboutToShow");
+  ASSERT_EQ(earlier->actions().size(), 2);
+  const QRegularExpression with_time("^.+/RUN[.]xy, [0-9:]{8}$");
+  EXPECT_TRUE(with_time.match(earlier->actions().front()->text()).hasMatch());
+  earlier->actions().front()->trigger();
+  EXPECT_EQ(open.canvas.Model().Series().back().title, "RUN");
+  EXPECT_TRUE(with_time.match(open.canvas.graph(1)->name()).hasMatch()) << "in the legend too";
+}
+
 TEST(PlotWidget, OverlaysDifferenceAndEarlierPatterns) {
   OpenPlot open;
   QMenu file;
@@ -237,6 +269,35 @@ TEST(PlotWidget, TheTableSortsCopiesAndIsRead) {
   EXPECT_EQ(drawing->text(QAccessible::Name), "Plot");
   EXPECT_EQ(drawing->text(QAccessible::Description).left(64).toStdString(),
             "SILICON. Along: 2θ (°), 20 to 90. Up: Intensity (counts). 3501 p");
+}
+
+/// Names and values of all children, line by line.
+std::string Tree(QAccessibleInterface& parent) {
+  std::string text;
+  for (int i = 0; i < parent.childCount(); ++i) {
+    QAccessibleInterface& child = *parent.child(i);
+    EXPECT_EQ(parent.indexOfChild(&child), i);
+    EXPECT_EQ(child.parent()->object(), parent.object());
+    text += child.text(QAccessible::Name).toStdString() + " | " + child.text(QAccessible::Value).toStdString() + "\n";
+  }
+  return text;
+}
+
+TEST(PlotWidget, TitleAndAxesStandInTheTreeOfAScreenReader) {
+  OpenPlot open;
+  QAccessibleInterface& drawing = *QAccessible::queryAccessibleInterface(&open.canvas);
+  EXPECT_EQ(drawing.role(), QAccessible::Chart);
+  open.canvas.SetView({30.0, 60.0}, {0.0, 4400.0});
+  EXPECT_EQ(Tree(drawing),
+            "Title: SILICON | \nHorizontal axis: 2θ (°) | from 30 to 60\n"
+            "Vertical axis: Intensity (counts) | from 0 to 4400\n");
+  open.plot.ApplySettings({AlongUnit::kQ, UpScale::kSquareRoot, {}, false});
+  open.canvas.SetView({1.0, 5.0}, {0.0, 20.0});
+  EXPECT_EQ(Tree(drawing),
+            "Title: SILICON | \nHorizontal axis: Q (Å⁻¹) | from 1 to 5\n"
+            "Vertical axis: Intensity (counts), square root scale | from 0 to 400\n");
+  const QPoint below = drawing.child(1)->rect().center();
+  EXPECT_EQ(drawing.childAt(below.x(), below.y()), drawing.child(1));
 }
 
 TEST(PlotWidget, EverythingHasAName) {

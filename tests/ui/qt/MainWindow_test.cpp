@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBrowser>
 
@@ -59,16 +60,23 @@ TEST_F(MainWindowTest, AreasNeverCoverEachOther) {
         EXPECT_FALSE(texts.intersects(area) || area.intersects(plot) ||
                      (texts.intersects(plot) && size.width() > 1000));
         EXPECT_EQ(plot.isEmpty(), size.height() < 700) << "on a small screen behind a tab";
-        if (size.height() > 700) {
-          EXPECT_TRUE(area.contains(Shown(form))) << "the form is seen whole";
-        }
+        EXPECT_EQ(Window().Form().horizontalScrollBar()->maximum(), 0) << "no form is scrolled sideways";
+        const bool is_scrolled = size.height() < 400 && (id == kPatternForm || id == kComparisonForm);
+        EXPECT_EQ(Window().Form().verticalScrollBar()->maximum() > 0, is_scrolled);
+        EXPECT_TRUE(is_scrolled || area.contains(Shown(form)));
       });
       const UserScript user({[&](QDialog& box) {
         EXPECT_FALSE(Shown(Window().Texts()).intersects(Shown(box)));
         EXPECT_TRUE(Window().rect().contains(Shown(box)) && !Shown(box).isEmpty());
+        for (const QTextEdit* const text : box.findChildren<QTextEdit*>())
+          EXPECT_EQ(text->verticalScrollBar()->maximum(), 0) << "the text is seen whole";
         QTest::keyClick(box.focusWidget(), Qt::Key_Escape);
       }});
-      toolkit.WMessageBox({.text = "HKL File NOT Found", .title = " "});
+      toolkit.WMessageBox({.icon = MessageIcon::kStop,
+                           .text =
+                               "/home/somebody/measured/2026-11/in_one_long_folder_name/ABC.INS, line 4: expected 7 "
+                               "numbers after CELL, found 5",
+                           .title = "TALVEN"});
     }
   }
 }
@@ -124,10 +132,11 @@ TEST_F(MainWindowTest, AFieldThatIsNotUsedLooksSoAndCanBeFilled) {
 }
 
 TEST_F(MainWindowTest, TheRestCanBeUsedWhileAFormWaits) {
+  const auto in_front = [] { return Window().Texts().currentWidget()->objectName(); };
   toolkit.WGrTextAt(5.0F, 290.0F, "first page");
   toolkit.WGrAreaClear();
   toolkit.WGrTextAt(5.0F, 290.0F, "second page");
-  Ask(kPatternForm, [](FormDialog& form) {
+  Ask(kPatternForm, [&](FormDialog& form) {
     EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget())) << "the form has the focus from the start";
     EXPECT_EQ(Window().findChild<QPlainTextEdit*>("all-lines")->toPlainText(), "first page\nsecond page");
     QTest::keyClick(&Window(), Qt::Key_F6);
@@ -139,7 +148,14 @@ TEST_F(MainWindowTest, TheRestCanBeUsedWhileAFormWaits) {
     QTest::keyClick(&Window(), Qt::Key_F1);
     const auto* const manual = Window().findChild<QTextBrowser*>("manual");
     EXPECT_TRUE(manual->toPlainText().contains("Form 4"));
+    EXPECT_EQ(in_front(), "manual");
+    QTest::keyClick(&Window(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(in_front(), "page");
+    EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(&Window(), Qt::Key_F1);
   });
+  toolkit.WGrTextAt(5.0F, 283.0F, "a line behind the manual");
+  EXPECT_EQ(in_front(), "page") << "nothing covers what is said";
 }
 
 TEST_F(MainWindowTest, ClosingAsksWhereAStepIsOpen) {
@@ -188,6 +204,11 @@ TEST_F(MainWindowTest, JobsUsedBeforeAreOfferedAndADamagedMemoryIsIgnored) {
     });
     EXPECT_EQ(toolkit.WDialogGetString(1005), name_of_job);
   }
+  QtToolkit other{{"/usr/bin/talven"}};
+  other.WindowOpen({.title = "TALVEN"});
+  other.JobSettled("SUGAR");
+  other.WindowClose();
+  EXPECT_EQ(open_again(), QStringList({"SUGAR", "SALT", "QUARTZ"})) << "each window keeps the jobs of the others";
   for (const QByteArray damaged :
        {"", "{\"jobs\": 7, \"borders\": {\"below\": [1, -2, \"x\"]}, \"geometry\": \"????\"}", "\xff\x00[{",
         "[1, 2]"}) {
@@ -245,7 +266,9 @@ TEST_F(MainWindowTest, AMissingFileIsToldWithItsPath) {
         std::pair("No Peaks in Ref.LST", std::filesystem::path())}) {
     const UserScript user({[&, text = text, path = path](QDialog& box) {
       EXPECT_EQ(dynamic_cast<MessageDialog&>(box).Text(), text) << "its words are kept";
-      const auto* const underneath = box.findChild<QTextEdit*>();
+      const QTextEdit* underneath = nullptr;
+      for (const QTextEdit* const shown : box.findChildren<QTextEdit*>())
+        if (shown->accessibleName() == "Full path") underneath = shown;
       EXPECT_EQ(underneath == nullptr ? "" : underneath->toPlainText().toStdString(), path.string());
       QTest::keyClick(box.focusWidget(), Qt::Key_Return);
     }});

@@ -258,6 +258,18 @@ TEST_F(QtToolkitTest, KeepsTheOutputOfAProgramThatWentWrong) {
   EXPECT_TRUE(Output().isVisible()) << "also when the main window has gone";
 }
 
+TEST_F(QtToolkitTest, InASmallWindowTheOutputStandsInATab) {
+  WriteProgram("none.exe", "echo nothing");
+  Window().setWindowState(Qt::WindowNoState);
+  Window().resize(683, 384);
+  QTest::qWait(1);
+  toolkit.IOsCommand("C:\\exe\\none.exe ABC C:", kWait);
+  EXPECT_FALSE(Output().isVisible()) << "it would lie over the form";
+  EXPECT_TRUE(Window().findChild<QPlainTextEdit*>("Output")->toPlainText().contains("left no file ABC.FCF"));
+  toolkit.WindowClose();
+  EXPECT_TRUE(Output().isVisible()) << "it outlasts the main window";
+}
+
 TEST_F(QtToolkitTest, AProgramThatRunsIsShownAndCanBeStopped) {
   WriteProgram("slow.exe", "echo half a file >abc.fcf; echo begun; sleep 60 & wait; echo never");
   QTimer user;

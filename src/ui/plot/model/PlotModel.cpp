@@ -192,6 +192,18 @@ Curve PlotModel::Draw(const std::vector<double>& two_theta, const std::vector<do
   return curve;
 }
 
+std::size_t PlotModel::DrawnPoints(const PlotRange& along, std::size_t columns) const {
+  std::size_t count = 0;
+  for (std::size_t i = 0; i < series_.size(); ++i) {
+    const std::vector<double>& angles = series_[i].pattern.two_theta;
+    const auto [first, last] = std::minmax({TwoThetaAt(settings_.along, along.lower, placings_[i].wavelength),
+                                            TwoThetaAt(settings_.along, along.upper, placings_[i].wavelength)});
+    const auto in_view = std::ranges::upper_bound(angles, last) - std::ranges::lower_bound(angles, first);
+    count += std::min(static_cast<std::size_t>(in_view), 2 * columns);
+  }
+  return count;
+}
+
 Curve PlotModel::CurveOf(std::size_t series, const PlotRange& along, std::size_t columns) const {
   const Pattern& pattern = series_[series].pattern;
   return Draw(pattern.two_theta, pattern.counts, placings_[series], along, columns);

@@ -18,6 +18,8 @@ enum class Arrangement { kAsMeasured, kNormalised, kStacked };
 struct PlotSeries {
   std::string title;
   Pattern pattern;
+  /// What tells it from others of the same title: where it was read, and when.
+  std::string origin = {};
 };
 
 /// Points to draw, in places on the axes, by rising x.
@@ -78,6 +80,8 @@ class PlotModel {
   bool IsEmpty() const { return series_.empty(); }
   /// The pattern first, then the overlays.
   const std::vector<PlotSeries>& Series() const { return series_; }
+  /// The title or, where another series has the same one, the origin.
+  std::string CurveName(std::size_t series) const;
   /// The latest first.
   const std::vector<PlotSeries>& Earlier() const { return earlier_; }
 
@@ -102,6 +106,8 @@ class PlotModel {
   PlotRange FullAlong() const;
   PlotRange FullUp(const PlotRange& along) const;
 
+  /// At most so many points all series together have for a number of pixel columns.
+  std::size_t DrawnPoints(const PlotRange& along, std::size_t columns) const;
   /// What a number of pixel columns can show of a series.
   Curve CurveOf(std::size_t series, const PlotRange& along, std::size_t columns) const;
   /// Values at the angles of the first series, such as a background, drawn like that.

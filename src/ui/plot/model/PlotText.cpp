@@ -1,4 +1,6 @@
 // The words of a plot: axis titles, and the plot told to those who do not see it.
+#include <algorithm>
+
 #include "ui/plot/model/NumberText.h"
 #include "ui/plot/model/PlotModel.h"
 
@@ -10,6 +12,12 @@ std::string Named(std::string_view count_of, std::size_t count) {
 }
 
 }  // namespace
+
+std::string PlotModel::CurveName(std::size_t series) const {
+  const PlotSeries& named = series_[series];
+  const auto count = std::ranges::count(series_, named.title, &PlotSeries::title);
+  return count > 1 && !named.origin.empty() ? named.origin : named.title;
+}
 
 std::string PlotModel::UpName() const {
   std::string name = "Intensity";
@@ -29,7 +37,7 @@ std::string PlotModel::Description() const {
                      ".";
   if (series_.size() > 1) {
     text += " Overlays:";
-    for (std::size_t i = 1; i < series_.size(); ++i) text += (i == 1 ? " " : ", ") + series_[i].title;
+    for (std::size_t i = 1; i < series_.size(); ++i) text += (i == 1 ? " " : ", ") + CurveName(i);
     text += ".";
   }
   if (!sticks_.sticks.empty()) text += " Calculated lines below: " + sticks_.title + ".";

@@ -1,4 +1,4 @@
-#include "ui/qt/WrappedPath.h"
+#include "ui/qt/WrappedText.h"
 
 #include <QScrollBar>
 #include <QTextEdit>
@@ -9,14 +9,14 @@ namespace talven {
 namespace {
 
 constexpr int kWidest = 420;
+constexpr int kNarrowest = 80;
 
-/// As wide as the path, up to a limit, and as high as its lines.
-class PathText : public QTextEdit {
+class WrappedText : public QTextEdit {
  public:
-  PathText(const QString& path, QWidget* parent) : QTextEdit(parent) {
-    setPlainText(path);
+  WrappedText(const QString& text, const QString& name, QWidget* parent) : QTextEdit(parent) {
+    setPlainText(text);
     setReadOnly(true);
-    setAccessibleName("Full path");
+    setAccessibleName(name);
     setFrameShape(QFrame::NoFrame);
     setTabChangesFocus(true);
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -35,16 +35,19 @@ class PathText : public QTextEdit {
     return static_cast<int>(copy->size().height()) + 2;
   }
   QSize sizeHint() const override {
-    const int width = std::min(kWidest, fontMetrics().horizontalAdvance(toPlainText()) + 4);
+    int widest = 0;
+    for (const QString& line : toPlainText().split('\n'))
+      widest = std::max(widest, fontMetrics().horizontalAdvance(line));
+    const int width = std::min(kWidest, widest + 4);
     return {width, heightForWidth(width)};
   }
-  QSize minimumSizeHint() const override { return {80, fontMetrics().height()}; }
+  QSize minimumSizeHint() const override { return {std::min(kNarrowest, sizeHint().width()), fontMetrics().height()}; }
 };
 
 }  // namespace
 
-QWidget* MakeWrappedPath(const QString& path, QWidget* parent) {
-  return new PathText(path, parent);
+QTextEdit* MakeWrappedText(const QString& text, const QString& name, QWidget* parent) {
+  return new WrappedText(text, name, parent);
 }
 
 }  // namespace talven
