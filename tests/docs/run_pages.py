@@ -45,7 +45,7 @@ def commands_of(page):
 
 def run(command, **settings):
     """A command's exit code and output. A window is closed after a while, and is right to have waited."""
-    call = ['timeout', '2'] if WINDOW.match(command) else []
+    call = ['timeout', '1'] if WINDOW.match(command) else []
     done = subprocess.run([*call, 'sh', '-c', command], text=True, timeout=60, stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **settings)
     return (0 if call and done.returncode == 124 else done.returncode or len(call)), done.stdout

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 
 #include "ui/plot/PlotHelp.h"
 #include "ui/plot/PlotWidget.h"
@@ -11,13 +12,15 @@ namespace talven {
 namespace {
 
 constexpr QSize kUsualSize(1100, 700);
+constexpr double kShareOfScreen = 0.95;
 
 }  // namespace
 
 ViewWindow::ViewWindow(QWidget* parent) : QMainWindow(parent), plot_(new PlotWidget(this)) {
   setWindowTitle(tr("Talven View"));
   setCentralWidget(plot_);
-  resize(kUsualSize);
+  // At 200 % a small screen has less room.
+  resize(kUsualSize.boundedTo(screen()->availableSize() * kShareOfScreen));
   MakeMenus();
   plot_->setFocus();
   connect(plot_, &PlotWidget::TitleChanged, this,

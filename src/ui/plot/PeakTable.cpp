@@ -110,8 +110,9 @@ PeakTable::PeakTable(QWidget* parent)
 }
 
 QSize PeakTable::sizeHint() const {
-  constexpr int kColumns = 68;
-  return {fontMetrics().averageCharWidth() * kColumns, QTableView::sizeHint().height()};
+  constexpr int kColumns = 77;
+  constexpr int kRows = 7;
+  return {fontMetrics().averageCharWidth() * kColumns, verticalHeader()->defaultSectionSize() * kRows};
 }
 
 void PeakTable::SetMarks(const std::vector<MarkedPeak>& marks, double wavelength) {

@@ -37,7 +37,7 @@ PlotCanvas::PlotCanvas(const PlotModel& model, const PeakPicker& picker, QWidget
   SetUpAxes();
   new ColumnPicture(*this);
   marks_ = new PlotMarks(*this);
-  connect(this, &QCustomPlot::beforeReplot, this, &PlotCanvas::FillCurves);
+  connect(this, &QCustomPlot::beforeReplot, this, [this] { FillCurves(width(), devicePixelRatioF()); });
   Update(false);
 }
 
@@ -145,7 +145,7 @@ void PlotCanvas::ReserveTickStrip() {
   xAxis2->setOffset(0);
 }
 
-void PlotCanvas::FillCurves() {
+void PlotCanvas::FillCurves(int width, double ratio) {
   const PlotRange along = AlongRange();
   const std::size_t count = model_.Series().size();
   // A window that appears draws before anybody said that the model changed.
@@ -153,8 +153,8 @@ void PlotCanvas::FillCurves() {
     MatchGraphs();
     Style();
   }
-  const auto pixels = static_cast<std::size_t>(std::max(width(), 200));
-  const std::size_t fine_columns = pixels * static_cast<std::size_t>(std::ceil(devicePixelRatioF()));
+  const auto pixels = static_cast<std::size_t>(std::max(width, 200));
+  const std::size_t fine_columns = pixels * static_cast<std::size_t>(std::ceil(ratio));
   const bool is_smooth = model_.DrawnPoints(along, fine_columns) <= kSmoothPoints;
   const std::size_t columns = is_smooth ? fine_columns : pixels;
   for (std::size_t i = 0; i < count; ++i) {

@@ -60,6 +60,9 @@ class PlotCanvas : public QCustomPlot {
   const PeakPicker& Picker() const { return picker_; }
   /// The band being drawn.
   const QRectF& Band() const { return band_; }
+  /// Thins the curves to what a picture of this width can show, whose pixels are this much finer. The window does so
+  /// for itself whenever it is drawn.
+  void FillCurves(int width, double ratio);
   /// Pixels from the left, also back.
   double PixelOf(double two_theta) const;
   double TwoThetaAtPixel(double pixel) const;
@@ -86,7 +89,6 @@ class PlotCanvas : public QCustomPlot {
 
   void SetUpAxes();
   void Style();
-  void FillCurves();
   void FillCurve(int graph, const Curve& curve);
   void MatchGraphs();
   void AddCurve(const QString& name);

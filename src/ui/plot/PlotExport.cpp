@@ -67,16 +67,12 @@ bool IsDataName(const QString& path) {
 bool ExportPicture(PlotCanvas& canvas, const QString& path, QSize size, double scale) {
   const PlotColours colours = canvas.Colours();
   const std::optional<double> cursor = canvas.Cursor();
-  const QSize shown = canvas.size();
   canvas.SetColours(LightColours());
   canvas.SetCursor(std::nullopt);
-  // Curves are thinned to the width of the canvas: that of the picture, in the picture's own pixels.
-  canvas.resize(size * scale);
-  canvas.replot();
+  canvas.FillCurves(size.width(), scale);
   const bool is_written = WritePicture(canvas, path, size, scale);
   canvas.SetColours(colours);
   canvas.SetCursor(cursor);
-  canvas.resize(shown);
   canvas.replot();
   return is_written;
 }

@@ -28,6 +28,7 @@ constexpr const char* kKeys =
     "<tr><td>click on a mark; Delete</td><td>remove it</td></tr>"
     "<tr><td>drag a mark; Alt and Left or Right</td><td>move it</td></tr>"
     "<tr><td>Ctrl+Z, Ctrl+Shift+Z</td><td>undo, redo</td></tr>"
+    "<tr><td>Ctrl+S; Ctrl+M</td><td>save the peaks; compare them with a list</td></tr>"
     "</table>";
 
 /// Each with its licence; readers of pattern files are inside where this build has them.

@@ -48,6 +48,7 @@ struct PlotWidget::Parts {
   QAction* undo_peak = nullptr;
   QAction* redo_peak = nullptr;
   QAction* save_peaks = nullptr;
+  QAction* compare = nullptr;
 };
 
 }  // namespace talven

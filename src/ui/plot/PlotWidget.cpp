@@ -156,6 +156,7 @@ void PlotWidget::Redraw(bool keeps_view) {
     action->setEnabled(has_pattern);
   }
   p.save_peaks->setEnabled(has_pattern);
+  p.compare->setEnabled(has_pattern);
   if (has_overlay && p.model.Settings().shows_difference && !p.model.HasDifference()) {
     ShowMessage(p.model.Settings().up == UpScale::kLogarithm
                     ? tr("A difference has no logarithm: choose another scale to see it.")
@@ -231,7 +232,8 @@ void PlotWidget::ShowReading() {
 void PlotWidget::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   // Where the table would leave too little room beside it for the curves it stands below them.
-  const bool has_room = width() >= 2 * parts_->panel->sizeHint().width();
+  constexpr int kLeastForCurves = 400;
+  const bool has_room = width() >= parts_->panel->sizeHint().width() + kLeastForCurves;
   parts_->splitter->setOrientation(has_room ? Qt::Horizontal : Qt::Vertical);
 }
 

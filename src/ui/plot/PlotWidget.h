@@ -50,6 +50,9 @@ class PlotWidget : public QWidget {
   bool ExportTo(const QString& path, std::optional<QSize> size = {});
   /// Writes the listed peaks.
   bool SavePeaksTo(const QString& path);
+  /// Tells the comparison's scores of the listed peaks against a peak list, the reference, with the settings that it
+  /// starts with.
+  bool ComparePeaksWith(const QString& path);
   /// TITLE.peaks.LST in the pattern's folder.
   QString PeakListPath() const;
 
@@ -89,6 +92,7 @@ class PlotWidget : public QWidget {
   bool ShowRankingRow(const RankingRow& row, const QString& folder);
   void AskExport();
   void AskSavePeaks();
+  void AskCompare();
   void FillEarlier(QMenu& menu);
 
   std::unique_ptr<Parts> parts_;

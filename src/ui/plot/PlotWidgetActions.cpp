@@ -31,6 +31,7 @@ void PlotWidget::MakeActions() {
   p.zoom_out = make(tr("Zoom &Out"), "zoomOut", {}, [this] { parts_->canvas->ZoomAlong(1 / 1.5); });
   p.wavelength = make(tr("&Wavelength..."), "wavelength", {}, [this] { AskWavelength(); });
   p.save_peaks = make(tr("&Save Peaks..."), "savePeaks", QKeySequence::Save, [this] { AskSavePeaks(); });
+  p.compare = make(tr("&Compare with a Peak List..."), "compare", QKeySequence("Ctrl+M"), [this] { AskCompare(); });
   p.band = make(tr("Zoom by &Band"), "band", {}, [] {});
   p.band->setCheckable(true);
   connect(p.band, &QAction::toggled, p.canvas, &PlotCanvas::SetZoomsByBand);
@@ -104,7 +105,7 @@ void PlotWidget::FillMenus(QMenu& file, QMenu& view, QMenu& peaks) {
   file.addSeparator();
   file.addActions({p.export_plot, p.save_peaks});
   view.addActions({p.show_all, p.fit_height, p.zoom_in, p.zoom_out, p.band, p.difference, p.wavelength});
-  peaks.addActions({p.peaks, p.undo_peak, p.redo_peak, p.save_peaks});
+  peaks.addActions({p.peaks, p.undo_peak, p.redo_peak, p.save_peaks, p.compare});
 }
 
 void PlotWidget::GiveUpOpenKeys() {

@@ -7,14 +7,19 @@
 #include <QTime>
 #include <QUrl>
 
+#include "comparison/ComparePeakLists.h"
+#include "comparison/ComparisonSettings.h"
+#include "comparison/PeakListFile.h"
 #include "patterns/PatternFormats.h"
 #include "peaks/PeakListFile.h"
+#include "screening/ComparisonScores.h"
 #include "textio/FatalIoError.h"
 #include "textio/InputFile.h"
 #include "textio/OutputFile.h"
 #include "ui/plot/PlotExport.h"
 #include "ui/plot/PlotHelp.h"
 #include "ui/plot/PlotParts.h"
+#include "ui/plot/PlotText.h"
 #include "ui/plot/RankingDialog.h"
 
 namespace talven {
@@ -174,6 +179,44 @@ bool PlotWidget::SavePeaksTo(const QString& path) {
   ShowMessage(tr("%1 peaks are saved in %2.").arg(p.picker.Listed().size()).arg(QFileInfo(path).fileName()));
   emit PeaksSaved(path);
   return true;
+}
+
+bool PlotWidget::ComparePeaksWith(const QString& path) {
+  Parts& p = *parts_;
+  ShowPeaks(true);
+  const QFileInfo place(path);
+  try {
+    InputFile file;
+    file.OpenRequired(Folder(std::filesystem::path(place.absolutePath().toStdU16String())),
+                      place.fileName().toStdString());
+    const float wavelength = ReadWavelength(file);
+    PeakList reference;
+    ReadPeakList(file, reference);
+    ComparisonSettings settings;
+    // What the form of the comparison starts with: its field refuses the start value and keeps its own.
+    settings.SAF = 0.25F;
+    const auto score = ComparePeakLists(reference, wavelength, ListOf(p.picker.Listed()), settings);
+    if (!score) {
+      ShowMessage(tr("%1: one of the two lists has no peak.").arg(place.fileName()));
+      return false;
+    }
+    ShowMessage(tr("Against %1: M1 %2, M2 %3, BMATCH %4; without a partner %5 of %6 peaks there and %7 of %8 here.")
+                    .arg(place.fileName(), Fixed(score->RMATCH, 4), Fixed(score->M2, 4), Fixed(score->BMATCH, 3))
+                    .arg(score->NotMatchedR)
+                    .arg(score->reference_count)
+                    .arg(score->NotMatchedS)
+                    .arg(score->sample_count));
+  } catch (const FatalIoError& error) {
+    ShowMessage(QString::fromUtf8(error.what()));
+    return false;
+  }
+  return true;
+}
+
+void PlotWidget::AskCompare() {
+  const QString path = QFileDialog::getOpenFileName(this, tr("Compare with the peaks of"), parts_->folder,
+                                                    tr("Peak lists (*.LST *.lst);;All files (*)"));
+  if (!path.isEmpty()) ComparePeaksWith(path);
 }
 
 void PlotWidget::AskSavePeaks() {

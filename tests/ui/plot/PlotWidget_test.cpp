@@ -13,6 +13,7 @@
 #include <QSlider>
 #include <QTest>
 #include <QToolBar>
+#include <algorithm>
 
 #include "comparison/PeakListFile.h"
 #include "support/TestFiles.h"
@@ -323,6 +324,11 @@ TEST(PlotWidget, SavedPeaksAreWhatTheComparisonReads) {
   ASSERT_EQ(list.count, 6);
   EXPECT_NEAR(list.TwoTheta[1], 28.442, 0.01);
   EXPECT_NEAR(list.Intensity[1], 4000.0, 150.0);
+  open.Key(Qt::Key_Z, Qt::ControlModifier);
+  ASSERT_TRUE(open.plot.ComparePeaksWith("SILICON.peaks.LST"));
+  EXPECT_EQ(open.plot.Message().section("; ", 1).toStdString(),
+            "without a partner 1 of 6 peaks there and 0 of 5 here.");
+  EXPECT_FALSE(open.plot.ComparePeaksWith("NONE.LST"));
 }
 
 TEST(PlotWidget, PicturesAndDataAreWritten) {
@@ -337,6 +343,10 @@ TEST(PlotWidget, PicturesAndDataAreWritten) {
   EXPECT_EQ(picture.pixelColor(3, 3), QColor(Qt::white)) << "on paper, whatever the window has";
   EXPECT_NE(ReadFile("plot.svg").find("SILICON"), std::string::npos);
   EXPECT_EQ(ReadFile("plot.pdf").substr(0, 5), "%PDF-");
+  PlotWidget unseen;
+  unseen.ShowPattern("SILICON", MadePattern());
+  EXPECT_TRUE(unseen.ExportTo("unseen.svg", QSize(2000, 800)));
+  EXPECT_GT(std::ranges::count(ReadFile("unseen.svg"), ','), 3000) << "as fine as the picture, not as the window";
   PlotWidget again;
   EXPECT_TRUE(again.OpenFile("plot.xy") && again.OverlayFile("plot.2.xy")) << again.Message().toStdString();
   EXPECT_EQ(again.findChild<PlotCanvas*>()->Model().Series()[0].pattern.counts, MadePattern().counts);

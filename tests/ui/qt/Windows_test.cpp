@@ -243,6 +243,9 @@ TEST_F(QtToolkitTest, KeepsTheOutputOfAProgramThatWentWrong) {
   WriteProgram("bad.exe", "echo no; echo x >ABC.FCF; exit 3");
   WriteProgram("none.exe", "exit 0");
   WriteProgram("crash.exe", "kill -SEGV $$");
+  Window().setWindowState(Qt::WindowNoState);
+  Window().resize(1600, 1000);
+  QTest::qWait(1);
   using Row = std::tuple<const char*, std::optional<int>, bool, const char*>;
   for (const auto& [program, code, is_kept, said] :
        {Row{"good", 0, false, "ABC runs"}, Row{"bad", 3, true, "ended with code 3"},

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
-"""Looks whether every field of every form stands in the reference with its id, name, range and default.
+"""Looks whether every field of every form stands in the reference with its id, name, range and default, and every
+option and column of talven-run and talven-view.
 
-usage: check_forms.py SOURCE_FOLDER PROGRAM_FOLDER
+usage: check_reference.py SOURCE_FOLDER PROGRAM_FOLDER
 
 The forms are those that talven-console shows: `  1014 STEP Size: 0.050 (0.001 to 5)`.
 """
@@ -60,6 +61,34 @@ def fault_of(number, field, section):
     return 'form %d: the row of %s lacks %s' % (number, identifier, missing) if missing else None
 
 
+def words_of(program, *arguments):
+    """The options in a help text, and the columns of its table."""
+    text = subprocess.run([program, *arguments], text=True, stdout=subprocess.PIPE).stdout
+    columns = re.search(r'^Columns of the table: (.*)', text, re.MULTILINE)
+    return set(re.findall(r'(?<![\w-])--?[a-z0-9][\w-]*', text)), columns[1].split() if columns else []
+
+
+def rows_of(page, heading, command):
+    """Rows of the tables below a heading that are about a command, or about all."""
+    section = re.search(r'^## %s\n.*?(?=^## |\Z)' % heading, page, re.MULTILINE | re.DOTALL)[0]
+    rows = [row for row in section.splitlines() if row.startswith('| ')]
+    return [row for row in rows if row.startswith('| `-') or command in row.split('|')[1].replace(',', '').split()]
+
+
+def option_faults(page, programs):
+    commands = re.findall(r'^  ([a-z]+)  ', subprocess.run([programs + '/talven-run', '--help'], text=True,
+                                                          stdout=subprocess.PIPE).stdout, re.MULTILINE)
+    faults = [] if len(commands) > 7 else ['talven-run lists few commands']
+    for program, command in [('talven-run', each) for each in commands] + [('talven-view', '')]:
+        options, columns = words_of(programs + '/' + program, *filter(None, [command]), '--help')
+        rows = rows_of(page, program, command)
+        wanted = ['`%s`' % option for option in options - {'-h', '--help', '--version', '-print0', '-pick'}]
+        wanted += ['`%s`' % name for name in columns]
+        faults += ['%s %s: %s has no row' % (program, command, word) for word in wanted
+                   if not any(word in row for row in rows)]
+    return faults
+
+
 def main():
     source, programs = pathlib.Path(sys.argv[1]), os.path.abspath(sys.argv[2])
     page = (source / 'docs/reference.md').read_text('utf-8')
@@ -73,6 +102,7 @@ def main():
         fields = list(fields_of(forms[number]))
         count += len(fields)
         faults += [fault for field in fields if (fault := fault_of(number, field, section[0]))]
+    faults += option_faults(page, programs)
     print('\n'.join(faults + ['%d fields, %d faults' % (count, len(faults))]))
     return 1 if faults or count < 25 else 0
 
