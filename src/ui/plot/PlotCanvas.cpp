@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kSmoothPoints = 13'000;
 /// Zooming further than this share of a degree, an Angstrom or 1/Angstrom shows nothing new.
 constexpr double kNarrowest = 1e-4;
+/// Names in a column of the legend.
+constexpr int kLegendRows = 12;
 
 PlotRange ToPlotRange(const QCPRange& range) {
   return {range.lower, range.upper};
@@ -57,6 +59,7 @@ void PlotCanvas::SetUpAxes() {
   plotLayout()->addElement(0, 0, title_);
   plotLayout()->setRowSpacing(0);
   legend->setVisible(false);
+  legend->setWrap(kLegendRows);
   axisRect()->insetLayout()->setInsetAlignment(0, Qt::AlignTop | Qt::AlignRight);
 }
 
