@@ -1,4 +1,4 @@
-// What both programs do with their command line before anything else happens.
+// What the programs do with their command line before anything else happens.
 #pragma once
 
 #include <iosfwd>

@@ -9,7 +9,7 @@ namespace talven {
 std::vector<std::string> ProcessArguments(int argc, const char* const* argv) {
   std::error_code error;
   std::vector<std::string> arguments(argv, argv + argc);
-  // Found on the path it has no folder in what it was called by.
+  // A program that was found on the path was called by its name alone, without a folder.
   const auto itself = std::filesystem::read_symlink("/proc/self/exe", error);
   if (!error && !itself.empty()) {
     arguments.front() = FromPath(itself);

@@ -7,8 +7,8 @@
 
 namespace talven {
 
-/// Makes a list that was read ready to be scored, in place, and gives its bands. On purpose the number of peaks below
-/// the limit (degrees 2theta) is added to what stands there, and only if the settings apply it.
+/// Makes a list that was read ready to be scored, in place, and gives its bands. If the settings apply the limit
+/// (degrees 2theta) the peaks below it are counted; on purpose the count is added to what `low_count` holds already.
 PeakBands PreparePeaks(const ComparisonSettings& settings, float two_theta_limit, PreparedPeaks& peaks);
 
 /// Scores a sample against a reference, whose wavelength is in Angstrom: the scores that the log gives for these two

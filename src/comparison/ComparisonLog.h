@@ -15,8 +15,8 @@
 //        5    5 1.0000 1.0000  1.000   4.   0.   0.   2
 //
 // Most lines are told to a listener as well, who shows them while the comparison goes on. Headings and file lines are
-// free-form and so begin with one more blank in the log. The heading's Max.pk is the highest intensity of a band and
-// Max.cnt its position. On purpose: the names stand as they always did.
+// free-form and so begin with one more blank in the log. On purpose, the heading's Max.pk stands over the highest
+// intensity of a band and Max.cnt over its position: the names are kept as they always were.
 #pragma once
 
 #include <string_view>

@@ -56,8 +56,8 @@ bool JoinNext(BandScan& scan) {
   return true;
 }
 
-/// Takes peaks into the open band until one stands apart or the scan ends. The end tests the peak that it stands before
-/// once more.
+/// Takes peaks into the open band until one stands apart or the scan ends. At the end the next peak is tested once
+/// more, so that one that has just joined is added twice.
 void FillBand(BandScan& scan) {
   while (JoinNext(scan) && !scan.IsAtEnd()) ++scan.k;
   if (scan.IsAtEnd()) {

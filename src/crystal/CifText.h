@@ -1,6 +1,6 @@
 // The text of a CIF taken apart, with no regard to what it means.
 //
-// Plain C++17: gemmi's reader, behind this, is no C++20 to every compiler.
+// Plain C++17, since not every compiler takes the headers of gemmi's reader, which does the work, as C++20.
 #pragma once
 
 #include <cstddef>

@@ -261,7 +261,7 @@ std::vector<CifBlock> Parse(const TextInput& text) {
   try {
     return ParseCif(text.Content(), text.Name());
   } catch (const std::exception& error) {
-    throw FatalIoError(text.Name() + ": expected a CIF, found what is none: " + error.what());
+    throw FatalIoError(text.Name() + ": expected a CIF, found something else: " + error.what());
   }
 }
 

@@ -15,7 +15,7 @@ namespace {
 constexpr double kSnap = 0.01;
 
 /// An unsigned number with or without a point, taken off the front of a text.
-std::optional<double> TakeNumber(std::string_view& text) {
+std::optional<double> NextNumber(std::string_view& text) {
   double value = 0.0;
   const auto result = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
   if (result.ec != std::errc{} || !std::isfinite(value)) return std::nullopt;
@@ -24,12 +24,12 @@ std::optional<double> TakeNumber(std::string_view& text) {
 }
 
 /// A number or fraction in parts of 24.
-std::optional<int> TakeParts(std::string_view& text) {
-  auto value = TakeNumber(text);
+std::optional<int> NextParts(std::string_view& text) {
+  auto value = NextNumber(text);
   if (!value) return std::nullopt;
   if (text.starts_with('/')) {
     text.remove_prefix(1);
-    const auto divisor = TakeNumber(text);
+    const auto divisor = NextNumber(text);
     if (!divisor || *divisor == 0.0) return std::nullopt;
     *value /= *divisor;
   }
@@ -59,7 +59,7 @@ bool ParseComponent(std::string_view text, std::array<int, 3>& row, int& transla
     if (letter >= 'x' && letter <= 'z') {
       row[static_cast<std::size_t>(letter - 'x')] += sign;
       text.remove_prefix(1);
-    } else if (const auto parts = TakeParts(text)) {
+    } else if (const auto parts = NextParts(text)) {
       translation += sign * *parts;
     } else {
       return false;

@@ -22,8 +22,8 @@ struct ComparisonSession {
   PeakFileSelector Selector;
   FileStem Stem;
   std::int32_t StemLength = 0;
-  /// In and out of the file selector. On purpose: in between it takes the length of the directory's name, so that 8
-  /// characters have the pane cleared, and 99 are taken for a cancel.
+  /// What goes into the file selector and comes out of it. On purpose the length of the folder's name is put here after
+  /// each file, so that a name of 8 characters clears the pane at the next selection, and one of 99 counts as a cancel.
   std::int32_t SelectorStatus = 0;
   /// Sample peaks without a partner in the last comparison. On purpose: the field of Btres is filled from it.
   std::int32_t NotMatchedS = 0;

@@ -52,12 +52,15 @@ void ShowUnsuitable(Toolkit& toolkit) {
 
 /// Brings the INS to its normal form. False if no refinement can run on it.
 bool NormaliseIns(DummyRun& r) {
-  const auto census = PrepareTestIns(r.ui, r.run, r.ins);
+  r.ins.Close();
+  const auto census = PrepareTestIns(r.ui, r.run);
   if (!census) {
     r.run.StopFlag = 1;
     r.ui.ShowMessage("More than 20 Labels in INS File");
     return false;
   }
+  r.ins.OpenRequired(r.run.folder, r.run.JobFile(".INS"));
+  r.run.folder.Delete(kTestIns);
   r.census = *census;
   if (census->IsSuitable()) return true;
   r.run.StopFlag = 1;

@@ -4,12 +4,11 @@
 
 #include "shelx/InsMarkers.h"
 #include "shelx/RewriteWminIns.h"
+#include "textio/InputFile.h"
 #include "textio/OutputFile.h"
 
 namespace talven {
 namespace {
-
-constexpr std::string_view kTestIns = "TEST.INS";
 
 /// Moves the incoming text to TEST.INS. A job of that very name fails here, with its text as it was: a file can't be
 /// copied onto itself.
@@ -33,10 +32,9 @@ bool NeedsRewriting(InputFile& ins) {
 
 }  // namespace
 
-std::optional<InsCensus> PrepareTestIns(Ui& ui, const RunState& run, InputFile& ins) {
+std::optional<InsCensus> PrepareTestIns(Ui& ui, const RunState& run) {
   const Folder& folder = run.folder;
   const std::string ins_name = run.JobFile(".INS");
-  ins.Close();
   MoveToTestIns(folder, ins_name);
   ui.ShowLine(ins_name);
   OutputFile normalised;
@@ -59,8 +57,6 @@ std::optional<InsCensus> PrepareTestIns(Ui& ui, const RunState& run, InputFile& 
   const InsCensus census = NormaliseIns(source, ui.line.Cleaner(), normalised);
   normalised.Close();
   ui.ShowLine(ins_name);
-  ins.OpenRequired(folder, ins_name);
-  folder.Delete(kTestIns);
   return census;
 }
 

@@ -21,8 +21,8 @@ std::size_t HalfWindow(double width, double step);
 /// Sums of weights and values around each point; 0 for those nearer to an end than the weights reach.
 std::vector<double> Convolve(const std::vector<double>& values, const std::vector<double>& weights);
 
-/// How the errors of a pattern's values differ from those of counts. It is measured on the pattern's own steps:
-/// averages scatter as little as their points happen to.
+/// How the errors of a pattern's values differ from those of counts. It is measured on the pattern's own steps, since
+/// averages scatter less than the points that they are of.
 struct NoiseScale {
   /// The values are no whole numbers, or scatter far more than counts do: their errors are those of their scatter.
   bool is_scaled = false;

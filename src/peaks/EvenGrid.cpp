@@ -25,7 +25,7 @@ bool IsUsable(double two_theta, double count) {
   return std::fabs(two_theta) <= kLargestAngle && std::fabs(count) <= kLargestCount;
 }
 
-Points TakeUsable(const Pattern& pattern, std::vector<std::string>& notices) {
+Points UsablePoints(const Pattern& pattern, std::vector<std::string>& notices) {
   Points points;
   const std::size_t size = std::min(pattern.two_theta.size(), pattern.counts.size());
   const bool has_sigma = pattern.sigma.size() >= size;
@@ -145,7 +145,7 @@ EvenGrid Resample(const Points& points, double step) {
 
 EvenGrid MakeEvenGrid(const Pattern& pattern, double finest_step) {
   std::vector<std::string> notices;
-  Points points = TakeUsable(pattern, notices);
+  Points points = UsablePoints(pattern, notices);
   SortByAngle(points, notices);
   EvenGrid grid;
   const double range = points.counts.empty() ? 0.0 : points.two_theta.back() - points.two_theta.front();

@@ -191,7 +191,7 @@ PeakSearch SearchPeaks(const Pattern& pattern, const PeakOptions& options) {
   Scan scan = ScanPattern(pattern, background, search.fwhm);
   search.candidates = std::move(scan.candidates);
   if (background.noise.is_scaled)
-    search.notices.emplace_back("the values are no plain counts; their error was taken from their scatter");
+    search.notices.emplace_back("the values are not plain counts; their error was taken from their scatter");
   return search;
 }
 

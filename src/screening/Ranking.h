@@ -53,8 +53,8 @@ std::size_t SortCoarse(std::vector<CoarseRow>& rows, bool takes_all);
 /// Puts the rows in the order of their scores, best first.
 void SortFitted(std::vector<FittedRow>& rows);
 
-/// For each of the best candidates, in their order, with its cell as given: the place of the first one before it that
-/// it is the same as, if there is one: a correlation above 0.999.
+/// For each of the best candidates, in their order and with their cells as given: the place of the first one before it
+/// with which it correlates above 0.999, so that the two count as the same; nothing if there is none.
 std::vector<std::optional<std::size_t>> FindSame(const ScreenTarget& target, const std::vector<LineList>& best);
 
 /// The rows of the table: those of stage 2, best first, and after them the ones that stage 2 did not reach. `same` is

@@ -22,8 +22,8 @@ struct List4Row {
   bool EndsList() const { return H == 0 && K == 0 && L == 0; }
 };
 
-/// What is wanted of the rows. On purpose the narrow layout is held to that alone: after a calculated value nothing is
-/// looked at, and a value is read as its fields are for the measured ones, which have no implied decimals.
+/// What is wanted of the rows. On purpose no more than that is read in the narrow layout: nothing after a calculated
+/// value is looked at. That one has two implied decimals where it is wanted, all others have none.
 enum class List4Values { kCalculated, kMeasured };
 
 /// True for a line that can begin a list: one with an `o` in the status column of the narrow layout, or a wide row.

@@ -1,4 +1,4 @@
-// A FCF file of calculated values, in the narrow layout of LIST 4:
+// An FCF file of calculated values, in the narrow layout of LIST 4:
 //
 //     data_ABC
 //     _shelx_title 'alanine'

@@ -1,4 +1,4 @@
-// The one error that ends the process: a read, write, open, close or rewind that failed, or text that cannot be read.
+// The one error of files: a read, write, open, close or rewind that failed, or text that cannot be read.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,9 @@
 
 namespace talven {
 
-/// Thrown by the file code only and caught by the entry point only. The text names the file, the line where there is
-/// one, what was expected and what stood there: `ABC.INS, line 4: expected 7 numbers after CELL, found 5`.
+/// Ends a session of the options: nothing between the place that throws it and the entry point catches it to go on.
+/// Programs that work on many files fail that file alone. The text names the file, the line where there is one, what
+/// was expected and what stood there: `ABC.INS, line 4: expected 7 numbers after CELL, found 5`.
 class FatalIoError : public std::runtime_error {
  public:
   explicit FatalIoError(const std::string& text) : std::runtime_error(text) {}

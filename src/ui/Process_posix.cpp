@@ -80,7 +80,7 @@ bool StartDetached(const Command& command) {
 }
 
 std::optional<int> RunAndWait(const Command& command) {
-  std::signal(SIGCHLD, SIG_DFL);  // Ignored by the caller it would take the exit code away.
+  std::signal(SIGCHLD, SIG_DFL);  // If it is ignored no exit code comes back.
   const auto child = Spawn(command, false);
   if (!child) return std::nullopt;
   int status = 0;

@@ -93,7 +93,7 @@ TEST_F(ModelFromCifTest, RefusesWhatIsNoStructure) {
   for (const char* const text : {"CELL 1 1 1 1 90 90 90\n", "data_x\nloop_\n_a\n_b\n1\n",
                                  "\x7f"
                                  "ELF\1"})
-    EXPECT_TRUE(test::ErrorOf([&] { Read(text); }).starts_with("a.cif: expected a CIF, found what is none: "));
+    EXPECT_TRUE(test::ErrorOf([&] { Read(text); }).starts_with("a.cif: expected a CIF, found something else: "));
 }
 
 }  // namespace

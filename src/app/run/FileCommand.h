@@ -37,12 +37,12 @@ class FileCommand : public BatchCommand {
   virtual std::vector<std::string> OutputNames(const InputPath& /*input*/) const { return {}; }
   /// Paths of the files that the outputs of an input are made of.
   virtual std::vector<std::string> Sources(const InputPath& input) const { return {input.Text()}; }
-  /// Works on one input, in any thread: everything is made in memory, and written by the caller. Of one that is done
-  /// only the row is wanted. Whatever it throws is told as the input's failure.
+  /// Works on one input, in any thread: everything is made in memory, and written by the caller. Of an input that
+  /// is done already only the row is wanted. Whatever it throws is told as the input's failure.
   virtual FileResult Work(const PlannedInput& planned) const = 0;
   /// Takes the common text of the next input in order.
   virtual void Gather(const std::string& /*common_text*/) {}
-  /// All inputs are done that there is time for. Throws FatalIoError.
+  /// Called at the end, after all inputs or after those that were done before a stop signal. Throws FatalIoError.
   virtual void Finish() {}
 
  private:

@@ -76,7 +76,7 @@ void ReadColumns(TextInput& gsas, const Bank& bank, bool has_sigma, Pattern& pat
 double ReadField(const TextInput& gsas, std::string_view line, std::size_t first, std::size_t width) {
   const std::string_view field = TrimSpace(Columns(line, first, first + width - 1));
   const auto value = field.empty() ? std::optional(0.0) : ReadReal<double>(field);
-  if (!value) gsas.Fail("a number in columns " + std::to_string(first) + " on", Quote(field));
+  if (!value) gsas.Fail("a number from column " + std::to_string(first) + " on", Quote(field));
   return *value;
 }
 

@@ -128,7 +128,7 @@ void RefuseSimulated(const TextInput& dat) {
 }
 
 /// What stands after start, step and end.
-std::string_view BehindRange(std::string_view line) {
+std::string_view AfterRange(std::string_view line) {
   for (int i = 0; i < 3; ++i) NextWord(line);
   return TrimSpace(line);
 }
@@ -138,7 +138,7 @@ Range ReadHead(TextInput& dat, PatternFile& file) {
     const std::string_view line = dat.RequireLine("start, step and end");
     if (const auto range = FindRange(line)) {
       if (StandsStill(*range)) dat.Fail("a step that is not 0", "0");
-      if (file.pattern.title.empty()) file.pattern.title = BehindRange(line);
+      if (file.pattern.title.empty()) file.pattern.title = AfterRange(line);
       return *range;
     }
     if (file.pattern.title.empty()) file.pattern.title = TrimSpace(line);

@@ -37,7 +37,7 @@ PeakPanel::PeakPanel(QWidget* parent) : QWidget(parent) {
                          kThresholdSteps, threshold_value_);
   threshold_->setObjectName("threshold");
   threshold_->setMinimum(5);
-  width_ = AddSlider(tr("&Width"), tr("Full width at half of the height that peaks are looked for with, degrees"),
+  width_ = AddSlider(tr("&Width"), tr("Full width at half height of the peaks that are looked for, degrees"),
                      kWidthSteps, width_value_);
   width_->setObjectName("width");
   is_measured_ = new QCheckBox(tr("Width as &measured"), this);

@@ -22,8 +22,8 @@ namespace talven {
 namespace {
 
 constexpr int kFirstFormNumber = 100;
-/// Letters get smaller in steps of 5 %, so far for a form that is then seen whole, and so far for one that is then no
-/// wider than its area.
+/// Percent. Letters get smaller step by step: down to the first limit if the whole form is seen then, down to the
+/// second if it is then no wider than its area.
 constexpr int kScaleStep = 5;
 constexpr int kSmallestWhole = 75;
 constexpr int kSmallestWide = 60;

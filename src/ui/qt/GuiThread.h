@@ -1,5 +1,6 @@
 // The session runs in a thread of its own, so that the window lives while it computes. Whatever it wants of the window
-// is done here, in the thread of the window, while the session waits: never do both work at the same time.
+// is done in the thread of the window. The session waits for all that gives something back; what is only to be shown it
+// hands over by value and goes on.
 #pragma once
 
 #include <QCoreApplication>

@@ -2,22 +2,21 @@
 
 #include <QRegularExpression>
 
+#include "ui/forms/FormFields.h"
 #include "ui/qt/QtText.h"
 
 namespace talven {
 namespace {
 
-constexpr int kFirstOption = 1006;
 constexpr int kIngToCif = 1008;
 constexpr int kReformat = 1009;
 constexpr int kIngToText = 1031;
-constexpr int kCompare = 1015;
 
 }  // namespace
 
 RunOption OptionOf(const FormState& options) {
-  if (options.IsSet(kCompare)) return {.text = "Comparing patterns", .is_comparison = true};
-  for (const int id : options.RadioGroup(kFirstOption)) {
+  if (options.IsSet(option_field::kCompare)) return {.text = "Comparing patterns", .is_comparison = true};
+  for (const int id : options.RadioGroup(option_field::kOption)) {
     if (!options.IsSet(id)) continue;
     QString text = ToQString(options.Find(id)->spec->text);
     text.replace(QRegularExpression(" *>+ *"), " \u2192 ");

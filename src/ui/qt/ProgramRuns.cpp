@@ -16,7 +16,7 @@ namespace talven {
 namespace {
 
 constexpr const char* kNotTheModels =
-    "There are no calculated F squared: the pattern is not the model's, all its reflections have one intensity.";
+    "There are no calculated F squared: the pattern is not the model's, all its reflections have the same intensity.";
 
 /// The first argument of a command: the job.
 std::string JobOf(std::string_view command) {

@@ -1,4 +1,5 @@
-// The text of a CIF as data blocks. The one place that sees gemmi, whose headers want C++17: so does this header.
+// The text of a CIF as data blocks. Here alone the pattern formats see gemmi. This header is
+// plain C++17, since not every compiler takes gemmi's own as C++20.
 #pragma once
 
 #include <cstddef>

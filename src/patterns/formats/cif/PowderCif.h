@@ -3,8 +3,8 @@
 //     _diffrn_radiation_wavelength 1.5406        or a loop of two; or _diffraction_radiation_wavelength
 //     _pd_meas_2theta_range_min 4                with _max and _inc; or _pd_proc_2theta_range_...
 //     loop_
-//     _pd_meas_2theta_scan                       or _pd_proc_2theta_corrected, or _pd_proc_d_spacing: instead of the
-//     range _pd_meas_counts_total                      or _pd_meas_intensity_total, _pd_proc_intensity_total, _net, ...
+//     _pd_meas_2theta_scan                       or _pd_proc_2theta_corrected, _pd_proc_d_spacing: in place of a range
+//     _pd_meas_counts_total                      or _pd_meas_intensity_total, _pd_proc_intensity_total, _net, ...
 //     4.00 20(4)                                 the standard uncertainty in brackets is sigma
 //
 // Names are taken without regard to case, with "." for "_" too, as newer dictionaries have them. Each data block with

@@ -34,7 +34,7 @@ void ParseXml(std::string_view file, std::string_view text, pugi::xml_document& 
   if (result) return;
   const std::string_view read = text.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset, 0)));
   const auto line = static_cast<std::size_t>(std::ranges::count(read, '\n')) + 1;
-  FailAtLine(file, line, "XML", "text that is none or ends too early (" + std::string(result.description()) + ")");
+  FailAtLine(file, line, "XML", "text that is not XML or ends too early (" + std::string(result.description()) + ")");
 }
 
 pugi::xml_node FindElement(const pugi::xml_node& node, std::string_view name) {

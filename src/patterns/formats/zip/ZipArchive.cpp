@@ -53,10 +53,10 @@ ZipArchive::ZipArchive(std::string file, std::string_view bytes) : file_(std::mo
   zip_error_fini(&error);
   if (!archive_ && source != nullptr) zip_source_free(source);
   if (!archive_) FailInFile(file_, "a whole zip archive", "none (" + text + ")");
-  TakeNames();
+  ReadNames();
 }
 
-void ZipArchive::TakeNames() {
+void ZipArchive::ReadNames() {
   const auto count = static_cast<std::size_t>(std::max<zip_int64_t>(zip_get_num_entries(archive_.get(), 0), 0));
   if (count > kMostEntries)
     FailInFile(file_, "an archive of at most " + std::to_string(kMostEntries) + " entries", std::to_string(count));

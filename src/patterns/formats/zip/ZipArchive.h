@@ -27,7 +27,7 @@ class ZipArchive {
   std::string NameOf(std::string_view entry) const;
 
  private:
-  void TakeNames();
+  void ReadNames();
   struct Closer {
     void operator()(zip* archive) const;
   };

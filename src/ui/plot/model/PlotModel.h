@@ -106,7 +106,7 @@ class PlotModel {
   PlotRange FullAlong() const;
   PlotRange FullUp(const PlotRange& along) const;
 
-  /// At most so many points all series together have for a number of pixel columns.
+  /// The most points that all series together can have when drawn over a number of pixel columns.
   std::size_t DrawnPoints(const PlotRange& along, std::size_t columns) const;
   /// What a number of pixel columns can show of a series.
   Curve CurveOf(std::size_t series, const PlotRange& along, std::size_t columns) const;
