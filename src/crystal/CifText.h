@@ -11,7 +11,8 @@
 
 namespace talven {
 
-/// One data block: for each tag, in lower case, its values; of a loop as many as it has rows. What is not told (`.` or
+/// One data block: for each tag, in lower case and with `_` for the `.` of later dictionaries, its values; of a loop as
+/// many as it has rows. What is not told (`.` or
 /// `?`) is an empty text.
 struct CifBlock {
   std::string name;

@@ -8,12 +8,14 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "crystal/CifText.h"
 #include "crystal/ScatteringTables.h"
 #include "crystal/SpaceGroupSymbols.h"
 #include "textio/FatalIoError.h"
 #include "textio/FieldInput.h"
+#include "textio/LetterCase.h"
 #include "textio/Record.h"
 
 namespace talven {
@@ -23,6 +25,8 @@ constexpr double kUsualDisplacement = 0.05;
 constexpr double kSquarePi8 = 78.956835208714864;
 /// Angstrom. Coordinates on special positions are rounded, no more.
 constexpr double kSpecialDistance = 0.05;
+/// Angstrom. As far as this a file may tell that an atom is meant to lie on a special position.
+constexpr double kToldSpecialDistance = 0.5;
 
 /// A number, its standard uncertainty in brackets passed over: `1.234(5)`.
 std::optional<double> NumberOf(std::string_view text) {
@@ -50,15 +54,22 @@ std::optional<Lattice> LatticeOf(const CifBlock& block) {
   return lattice.IsValid() ? std::optional(lattice) : std::nullopt;
 }
 
-/// The block of the structure: with a cell, and with atoms if there is one.
-const CifBlock* FindBlock(const std::vector<CifBlock>& blocks) {
+/// The block of the structure: the first with a cell and atoms, else with a cell.
+const CifBlock* FindBlock(const std::vector<CifBlock>& blocks, const std::string& name,
+                          std::vector<std::string>& notices) {
+  const CifBlock* cell_only = nullptr;
   const CifBlock* found = nullptr;
+  std::size_t count = 0;
   for (const CifBlock& block : blocks) {
     if (!LatticeOf(block)) continue;
-    if (!block.Column("_atom_site_fract_x").empty()) return &block;
-    if (found == nullptr) found = &block;
+    if (cell_only == nullptr) cell_only = &block;
+    if (block.Column("_atom_site_fract_x").empty()) continue;
+    if (count++ == 0) found = &block;
   }
-  return found;
+  if (count > 1)
+    notices.push_back(name + ": " + std::to_string(count) + " structures in it: the first is taken, data_" +
+                      found->name);
+  return found == nullptr ? cell_only : found;
 }
 
 /// The first of several tags that says something.
@@ -68,33 +79,73 @@ std::string TextOf(const CifBlock& block, std::initializer_list<const char*> tag
   return {};
 }
 
-SymmetryGroup SymmetryOf(const CifBlock& block, const std::string& name, std::vector<std::string>& notices) {
+std::vector<SymmetryOperator> ListedOperators(const CifBlock& block, const std::string& name) {
   std::vector<SymmetryOperator> operators;
   for (const char* const tag : {"_space_group_symop_operation_xyz", "_symmetry_equiv_pos_as_xyz"}) {
     for (const std::string& text : block.Column(tag)) {
+      if (text.empty()) continue;
       const auto each = ParseOperator(text);
       if (!each) throw FatalIoError(name + ": expected a symmetry operator as -x, 1/2+y, -z, found " + Quote(text));
       operators.push_back(*each);
     }
     if (!operators.empty()) break;
   }
-  if (operators.empty())
-    operators = OperatorsBySymbol(TextOf(block, {"_space_group_name_hall", "_symmetry_space_group_name_hall"}),
-                                  TextOf(block, {"_space_group_name_h-m_alt", "_symmetry_space_group_name_h-m"}));
-  if (operators.empty()) notices.push_back(name + ": no symmetry is told: P 1 is taken");
   if (operators.size() > 192) throw FatalIoError(name + ": expected at most 192 symmetry operators, found more");
+  return operators;
+}
+
+std::vector<SymmetryOperator> OperatorsByNames(const CifBlock& block, const Lattice& lattice, const std::string& name,
+                                               std::vector<std::string>& notices) {
+  const std::string number = TextOf(block, {"_space_group_it_number", "_symmetry_int_tables_number"});
+  const SpaceGroupNames names{
+      .hall = TextOf(block, {"_space_group_name_hall", "_symmetry_space_group_name_hall"}),
+      .hermann_mauguin = TextOf(block, {"_space_group_name_h-m_alt", "_symmetry_space_group_name_h-m"}),
+      .number = static_cast<int>(std::clamp(NumberOf(number).value_or(0.0), 0.0, 1000.0))};
+  SpaceGroupSetting setting = OperatorsBySymbol(names, lattice);
+  if (!setting.assumed.empty())
+    notices.push_back(name + ": the setting of the space group is not told: " + setting.assumed + " is taken");
+  if (setting.operators.empty()) {
+    const std::string& symbol = !names.hermann_mauguin.empty() ? names.hermann_mauguin
+                                : !names.hall.empty()          ? names.hall
+                                                               : number;
+    notices.push_back(symbol.empty() ? name + ": no symmetry is told: P 1 is taken"
+                                     : name + ": the space group " + Quote(symbol) + " is not known: P 1 is taken");
+  }
+  return std::move(setting.operators);
+}
+
+SymmetryGroup SymmetryOf(const CifBlock& block, const Lattice& lattice, const std::string& name,
+                         std::vector<std::string>& notices) {
+  std::vector<SymmetryOperator> operators = ListedOperators(block, name);
+  if (operators.empty()) operators = OperatorsByNames(block, lattice, name, notices);
   SymmetryGroup group(operators);
   if (!group.IsGroup()) notices.push_back(name + ": the symmetry operators do not form a group");
   return group;
 }
 
-/// The element of a type symbol or label as `Fe3+` or `C12A`: its first two letters, else its first.
-std::string ElementOf(std::string_view symbol) {
+/// True if a formula as `C6 H12 O6` has an element in it.
+bool IsInFormula(std::string_view formula, std::string_view element) {
+  while (!formula.empty()) {
+    std::size_t letters = 0;
+    while (letters < formula.size() && std::isalpha(static_cast<unsigned char>(formula[letters])) != 0) ++letters;
+    if (EqualIgnoringCase(formula.substr(0, letters), element)) return true;
+    formula.remove_prefix(std::max<std::size_t>(letters, 1));
+  }
+  return false;
+}
+
+/// The element of a type symbol or label as `Fe3+` or `C12A`: its first two letters, else its first, which is also
+/// meant where the formula has only that one: `HO1` is no holmium in sugar. `Wat` is water, of which oxygen is taken.
+std::string ElementOf(std::string_view symbol, std::string_view formula) {
+  if (StartsIgnoringCase(symbol, "wat")) return "O";
   std::size_t letters = 0;
   while (letters < symbol.size() && letters < 2 && std::isalpha(static_cast<unsigned char>(symbol[letters])) != 0)
     ++letters;
-  for (; letters > 0; --letters)
-    if (AtomicNumberOf(symbol.substr(0, letters)) > 0) return std::string(symbol.substr(0, letters));
+  const std::string_view two = symbol.substr(0, letters);
+  const std::string_view one = symbol.substr(0, std::min<std::size_t>(letters, 1));
+  const bool is_one_meant = IsInFormula(formula, one) && !IsInFormula(formula, two);
+  for (const std::string_view element : {is_one_meant ? one : two, one})
+    if (FindScatterer(element)) return std::string(element);
   return {};
 }
 
@@ -148,13 +199,16 @@ class AtomLoop {
       atom.position[i] = *value;
     }
     const std::string type = Text("type_symbol", row);
-    atom.scatterer = ScattererOf(type.empty() ? atom.label : type);
+    atom.scatterer =
+        type.empty() ? ScattererOf(atom.label, block_.First("_chemical_formula_sum")) : ScattererOf(type, {});
     atom.part = static_cast<int>(std::clamp(Number("disorder_group", row).value_or(0.0), -1e6, 1e6));
     SetDisplacement(row, atom);
     SetOccupancy(row, atom);
     model_.atoms.push_back(std::move(atom));
     return true;
   }
+  /// The number of atoms so far whose displacement is not told.
+  std::size_t WithoutDisplacement() const { return without_displacement_; }
 
  private:
   std::string Text(const char* tag, std::size_t row) const {
@@ -162,22 +216,25 @@ class AtomLoop {
   }
   std::optional<double> Number(const char* tag, std::size_t row) const { return NumberOf(Text(tag, row)); }
 
-  std::size_t ScattererOf(const std::string& type) {
+  std::size_t ScattererOf(const std::string& type, const std::string& formula) {
     const auto [known, is_new] = scatterers_.emplace(type, model_.scatterers.size());
     if (!is_new) return known->second;
-    auto scatterer = FindScatterer(ElementOf(type));
+    auto scatterer = FindScatterer(ElementOf(type, formula));
     if (!scatterer) throw FatalIoError(name_ + ": expected the symbol of an element, found " + Quote(type));
     ApplyDispersion(block_, type, *scatterer);
     model_.scatterers.push_back(*std::move(scatterer));
     return known->second;
   }
 
-  void SetDisplacement(std::size_t row, Atom& atom) const {
+  void SetDisplacement(std::size_t row, Atom& atom) {
     const auto u = Number("u_iso_or_equiv", row);
     const auto b = Number("b_iso_or_equiv", row);
     atom.u_isotropic = u ? *u : b ? *b / kSquarePi8 : kUsualDisplacement;
     const auto tensor = tensors_.find(atom.label);
-    if (tensor == tensors_.end()) return;
+    if (tensor == tensors_.end()) {
+      without_displacement_ += !u && !b;
+      return;
+    }
     atom.is_anisotropic = true;
     atom.u = tensor->second;
     atom.u_isotropic = EquivalentIsotropic(atom.u, model_.lattice);
@@ -189,10 +246,20 @@ class AtomLoop {
     double order = site.multiplicity;
     if (const auto told = Number("site_symmetry_order", row); told && *told >= 1.0)
       order = *told;
-    else if (const auto copies = Number("site_symmetry_multiplicity", row); copies && *copies >= 1.0)
-      order = static_cast<double>(model_.symmetry.Operators().size()) / *copies;
+    else if (const auto by_copies = OrderByCopies(row, atom.position))
+      order = *by_copies;
     if (order == site.multiplicity) atom.position = site.position;
     atom.occupancy = Number("occupancy", row).value_or(1.0) / order;
+  }
+
+  /// By the told number of copies in the cell. SHELXL-97 and others write the order itself in its place, so that it
+  /// counts only where there is such a site.
+  std::optional<double> OrderByCopies(std::size_t row, const Vector3& position) const {
+    const auto copies = Number("site_symmetry_multiplicity", row);
+    if (!copies || *copies < 1.0) return std::nullopt;
+    const double order = static_cast<double>(model_.symmetry.Operators().size()) / *copies;
+    const Site site = FindSite(position, model_.symmetry, model_.lattice, kToldSpecialDistance);
+    return order == site.multiplicity ? std::optional(order) : std::nullopt;
   }
 
   const CifBlock& block_;
@@ -200,15 +267,25 @@ class AtomLoop {
   Tensors tensors_;
   CrystalModel& model_;
   std::map<std::string, std::size_t> scatterers_;
+  std::size_t without_displacement_ = 0;
 };
+
+/// A mark of the drawing, as the centre of a ring.
+bool IsDummy(const CifBlock& block, std::size_t row) {
+  return EqualIgnoringCase(TextIn(block, "_atom_site_calc_flag", row), "dum");
+}
 
 void ReadAtoms(const CifBlock& block, const std::string& name, CifStructure& structure) {
   AtomLoop atoms(block, name, structure.model);
   std::size_t passed_over = 0;
-  for (std::size_t row = 0; row < block.Column("_atom_site_label").size(); ++row) passed_over += !atoms.Read(row);
-  if (passed_over > 0)
-    structure.notices.push_back(name + ": " + std::to_string(passed_over) + (passed_over == 1 ? " atom" : " atoms") +
-                                " without a position passed over");
+  for (std::size_t row = 0; row < block.Column("_atom_site_fract_x").size(); ++row)
+    if (!IsDummy(block, row)) passed_over += !atoms.Read(row);
+  const auto tell = [&](std::size_t count, const char* text) {
+    if (count > 0)
+      structure.notices.push_back(name + ": " + std::to_string(count) + (count == 1 ? " atom" : " atoms") + text);
+  };
+  tell(passed_over, " without a position passed over");
+  tell(atoms.WithoutDisplacement(), " without a displacement: U of 0.05 is taken");
 }
 
 struct ListRow {
@@ -267,15 +344,22 @@ std::vector<CifBlock> Parse(const TextInput& text) {
 
 }  // namespace
 
+bool MentionsTag(std::string_view cif, std::string_view tag) {
+  const auto is_same = [](char in_file, char wanted) {
+    return LowerCase(in_file) == wanted || (in_file == '.' && wanted == '_');
+  };
+  return std::search(cif.begin(), cif.end(), tag.begin(), tag.end(), is_same) != cif.end();
+}
+
 CifStructure ModelFromCif(const TextInput& cif) {
   const std::vector<CifBlock> blocks = Parse(cif);
-  const CifBlock* const block = FindBlock(blocks);
-  if (block == nullptr) throw FatalIoError(cif.Name() + ": expected a data block with a cell, found none");
   CifStructure result;
+  const CifBlock* const block = FindBlock(blocks, cif.Name(), result.notices);
+  if (block == nullptr) throw FatalIoError(cif.Name() + ": expected a data block with a cell, found none");
   CrystalModel& model = result.model;
   model.title = block->name;
   model.lattice = *LatticeOf(*block);
-  model.symmetry = SymmetryOf(*block, cif.Name(), result.notices);
+  model.symmetry = SymmetryOf(*block, model.lattice, cif.Name(), result.notices);
   ReadAtoms(*block, cif.Name(), result);
   model.wavelength = NumberOf(block->First("_diffrn_radiation_wavelength")).value_or(0.0);
   if (model.wavelength > 0.0) SetWavelength(model, model.wavelength);

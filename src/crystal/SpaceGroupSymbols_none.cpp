@@ -2,7 +2,7 @@
 
 namespace talven {
 
-std::vector<SymmetryOperator> OperatorsBySymbol(const std::string& /*hall*/, const std::string& /*hermann_mauguin*/) {
+SpaceGroupSetting OperatorsBySymbol(const SpaceGroupNames& /*names*/, const Lattice& /*lattice*/) {
   return {};
 }
 

@@ -10,6 +10,7 @@
 #include "crystal/ModelFromCif.h"
 #include "crystal/ScatteringTables.h"
 #include "patterns/PatternFormats.h"
+#include "shelx/CheckModel.h"
 #include "shelx/ReadModel.h"
 #include "textio/FatalIoError.h"
 #include "textio/FileNames.h"
@@ -96,9 +97,10 @@ Candidate LoadByExtension(const Folder& folder, const std::string& path, const S
   InputFile file;
   file.OpenRequired(folder, path);
   if (extension == "cif") {
-    if (file.Content().find("_atom_site_fract_x") == std::string_view::npos)
-      return PatternCandidate(folder, path, target);
+    if (!MentionsTag(file.Content(), "_atom_site_fract_x")) return PatternCandidate(folder, path, target);
     CifStructure structure = ModelFromCif(file);
+    for (const ModelFault& fault : CheckModel(structure.model, {}))
+      structure.notices.push_back(file.Name() + ": " + fault.text);
     return StructureCandidate(std::move(structure.model), std::move(structure.notices), path, target);
   }
   ModelReading reading = ReadModel(file);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "crystal/ScatteringTables.h"
 #include "crystal/StructureFactors.h"
 #include "support/TestFiles.h"
@@ -67,6 +69,90 @@ TEST_F(ModelFromCifTest, SharesSitesAndTakesWhatIsTold) {
   EXPECT_EQ(model.scatterers[1].atomic_number, 17);
   EXPECT_EQ(model.scatterers[2].atomic_number, 11);
   EXPECT_EQ(Read(kCell).notices.at(0), "a.cif: no symmetry is told: P 1 is taken");
+}
+
+// Numbers of operators as in International Tables A; the third is what is noticed.
+TEST_F(ModelFromCifTest, KnowsSpaceGroupsAsTheyAreSpelled) {
+  const std::string hexagonal = kCell;
+  const std::string rhombohedral =
+      "data_r\n_cell_length_a 6\n_cell_length_b 6\n_cell_length_c 6\n_cell_angle_alpha 55\n_cell_angle_beta 55\n"
+      "_cell_angle_gamma 55\n";
+  const std::string cubic = "data_c\n_cell_length_a 8\n_cell_length_b 8\n_cell_length_c 8\n";
+  const std::string open = "a.cif: the setting of the space group is not told: ";
+  struct Case {
+    std::string text;
+    std::size_t operators;
+    std::string notice;
+  };
+  const Case cases[] = {
+      {cubic + "_symmetry_space_group_name_H-M 'P2(1)/n'\n", 4, ""},
+      {cubic + "_symmetry_equiv_pos_as_xyz ?\n_symmetry_space_group_name_H-M 'P 2_1/n (no. 14)'\n", 4, ""},
+      {cubic + "_space_group.name_H-M_alt P2~1~/c\n", 4, ""},
+      {hexagonal + "_symmetry_space_group_name_H-M 'R -3 m H'\n", 36, ""},
+      {hexagonal + "_symmetry_space_group_name_H-M R-3m\n", 36, ""},
+      {rhombohedral + "_symmetry_space_group_name_H-M 'R -3 m'\n", 12, ""},
+      {rhombohedral + "_symmetry_space_group_name_H-M 'R -3 m R'\n", 12, ""},
+      {rhombohedral + "_space_group_IT_number 166\n", 12, open + "R -3 m:R is taken"},
+      {cubic + "_space_group_IT_number 19\n", 4, ""},
+      {cubic + "_symmetry_space_group_name_H-M 'F d -3 m Z'\n", 192, ""},
+      {cubic + "_symmetry_space_group_name_H-M 'F d 3 m'\n", 192, open + "F d -3 m:1 is taken"},
+      {cubic + "_symmetry_space_group_name_H-M Pa3\n", 24, ""},
+      {cubic + "_symmetry_Int_Tables_number 14\n", 4, open + "P 1 21/c 1 is taken"},
+      {cubic + "_symmetry_space_group_name_H-M 'P 77'\n", 1,
+       "a.cif: the space group \"P 77\" is not known: P 1 is taken"},
+  };
+  for (const Case& each : cases) {
+    const CifStructure structure = Read(each.text);
+    EXPECT_EQ(structure.model.symmetry.Operators().size(), each.operators) << each.text;
+    EXPECT_EQ(structure.notices, each.notice.empty() ? std::vector<std::string>() : std::vector{each.notice});
+  }
+}
+
+// Labels of files without type symbols.
+TEST_F(ModelFromCifTest, TellsElementsByLabelAndFormula) {
+  const std::string head =
+      "_space_group_name_Hall 'P 1'\nloop_\n_atom_site_label\n_atom_site_fract_x\n_atom_site_fract_y\n"
+      "_atom_site_fract_z\n_atom_site_U_iso_or_equiv\n";
+  const std::string formula = "_chemical_formula_sum 'C6 H12 O6 Ca0.5'\n";
+  const std::tuple<std::string, std::string, int> cases[] = {
+      {formula, "HO1", 1}, {"", "Ho1", 67}, {formula, "CF1", 6},  {formula, "CA1", 20},
+      {"", "NO2", 7},      {"", "Wat", 8},  {formula, "Na1", 11}, {"", "OG", 8},
+  };
+  for (const auto& [told, label, number] : cases) {
+    const CrystalModel model =
+        Read(test::Replaced(kCell + told + head, "120.0", "90") + label + " .1 .2 .3 .1\n").model;
+    EXPECT_EQ(model.scatterers.at(0).atomic_number, number) << label;
+  }
+}
+
+// In P 21/c: some programs tell the order of a site under the name of its number of copies.
+TEST_F(ModelFromCifTest, TakesTheNumberOfCopiesOrTheOrderOfASite) {
+  const std::string head = kCell +
+                           "_space_group_name_Hall '-P 2ybc'\nloop_\n_atom_site_label\n_atom_site_fract_x\n"
+                           "_atom_site_fract_y\n_atom_site_fract_z\n_atom_site_site_symmetry_multiplicity\n"
+                           "_atom_site_U_iso_or_equiv\n";
+  for (const char* const atoms : {"Fe1 0 0 0 2 .1\nO1 .1 .2 .3 4 .1\n", "Fe1 0 0 0 2 .1\nO1 .1 .2 .3 1 .1\n",
+                                  "Fe1 0.01 0 0 2 .1\nO1 .1 .2 .3 4 .1\n"}) {
+    const CrystalModel model = Read(head + atoms).model;
+    EXPECT_DOUBLE_EQ(model.atoms.at(0).occupancy, 0.5) << atoms;
+    EXPECT_DOUBLE_EQ(model.atoms.at(1).occupancy, 1.0) << atoms;
+  }
+}
+
+TEST_F(ModelFromCifTest, TakesFilesOfManyKinds) {
+  const std::string text =
+      "\xEF\xBB\xBF" + kCell + "_space_group_name_Hall '-P 2ybc'\n_exptl_crystal_colour gr\xFCn\nloop_\n" +
+      "_atom_site.type_symbol\n_atom_site.fract_x\n_atom_site.fract_y\n_atom_site.fract_z\n_atom_site.calc_flag\n"
+      "D .1 .2 .3 d\n. .5 .5 .1 dum\ndata_other\n" +
+      kCell.substr(kCell.find("_cell")) + kSites + "\x1A";
+  const CifStructure structure = Read(text);
+  ASSERT_EQ(structure.model.atoms.size(), 1U);
+  EXPECT_EQ(structure.model.scatterers[0].atomic_number, 1);
+  EXPECT_EQ(structure.notices, (std::vector<std::string>{"a.cif: 2 structures in it: the first is taken, data_one",
+                                                         "a.cif: 1 atom without a displacement: U of 0.05 is taken"}));
+  EXPECT_TRUE(MentionsTag(text, "_atom_site_fract_x"));
+  EXPECT_TRUE(MentionsTag("_CELL_LENGTH_A 3", "_cell_length_a"));
+  EXPECT_FALSE(MentionsTag(text, "_pd_meas_counts_total"));
 }
 
 TEST_F(ModelFromCifTest, HandsOutReflections) {

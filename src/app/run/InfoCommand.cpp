@@ -103,7 +103,7 @@ FileInfo InfoOfCif(const InputPath& input) {
   } catch (const FatalIoError&) {
     InputFile file;
     OpenPath(input.Text(), file);
-    if (file.Content().find("_cell_length_a") == std::string_view::npos) throw;
+    if (!MentionsTag(file.Content(), "_cell_length_a")) throw;
     return InfoOfModel(input, "CIF");
   }
 }

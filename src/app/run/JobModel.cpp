@@ -1,6 +1,7 @@
 #include "app/run/JobModel.h"
 
 #include "crystal/ModelFromCif.h"
+#include "shelx/CheckModel.h"
 #include "shelx/ReadModel.h"
 #include "textio/FatalIoError.h"
 #include "textio/FileNames.h"
@@ -29,6 +30,8 @@ JobModel ReadJobModel(const std::string& path, bool needs_atoms) {
   JobModel job;
   if (InputPath(path).Extension() == "cif") {
     CifStructure structure = ModelFromCif(file);
+    for (const ModelFault& fault : CheckModel(structure.model, {}))
+      structure.notices.push_back(file.Name() + ": " + fault.text);
     job = {std::move(structure.model), std::move(structure.notices), std::move(structure.reflections)};
   } else {
     ModelReading reading = ReadModel(file);
