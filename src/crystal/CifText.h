@@ -12,8 +12,7 @@
 namespace talven {
 
 /// One data block: for each tag, in lower case and with `_` for the `.` of later dictionaries, its values; of a loop as
-/// many as it has rows. What is not told (`.` or
-/// `?`) is an empty text.
+/// many as it has rows. What is not told (`.` or `?`) is an empty text.
 struct CifBlock {
   std::string name;
   std::unordered_map<std::string, std::vector<std::string>> values;

@@ -10,7 +10,7 @@ constexpr std::string_view kCode = "_shelx_refln_list_code";
 }  // namespace
 
 std::optional<std::string> HintForFcf(std::string_view name, std::string_view text) {
-  for (std::size_t at = text.find(kCode); at != std::string_view::npos; at = text.find(kCode, at + 1)) {
+  for (std::size_t at = text.find(kCode); at != std::string_view::npos; at = text.find(kCode, text.find('\n', at))) {
     const std::string_view ahead = text.substr(0, at);
     if (!Trim(ahead.substr(ahead.rfind('\n') + 1)).empty()) continue;
     const std::string_view after = text.substr(at + kCode.size());
